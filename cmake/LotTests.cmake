@@ -1,0 +1,43 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# The tests: one program a floor, the golden cases run through the real lotcalc, and the checks of the tree itself.
+
+find_package(GTest CONFIG REQUIRED)
+include(GoogleTest)
+
+# What tests share. It may use everything there is; a test includes it as "support/...".
+file(GLOB support CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/support/*.cpp")
+if(support)
+    add_library(lot_test_support STATIC ${support})
+    set(scope PUBLIC)
+else()
+    add_library(lot_test_support INTERFACE)
+    set(scope INTERFACE)
+endif()
+target_include_directories(lot_test_support ${scope} "${PROJECT_SOURCE_DIR}/tests")
+target_link_libraries(lot_test_support ${scope} lot_app GTest::gtest)
+target_compile_definitions(lot_test_support ${scope}
+    LOT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+    LOT_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
+
+foreach(floor IN ITEMS common engine finance model sensitivity persistence reporting app tool)
+    file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${floor}/*.cpp")
+    if(NOT sources)
+        continue()
+    endif()
+    add_executable(test_${floor} ${sources})
+    target_link_libraries(test_${floor} PRIVATE lot_test_support lot_${floor} GTest::gtest_main)
+    set_target_properties(test_${floor} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
+    gtest_discover_tests(test_${floor} TEST_PREFIX "${floor}." DISCOVERY_MODE PRE_TEST PROPERTIES LABELS ${floor} TIMEOUT 300)
+endforeach()
+
+if(TARGET lotcalc)
+    file(GLOB cases CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/golden/*.test")
+    foreach(case IN LISTS cases)
+        cmake_path(GET case STEM LAST_ONLY stem)
+        add_test(NAME golden.${stem} COMMAND "${PROJECT_SOURCE_DIR}/scripts/golden" $<TARGET_FILE:lotcalc> "${case}")
+        set_tests_properties(golden.${stem} PROPERTIES LABELS golden TIMEOUT 120)
+    endforeach()
+endif()
+
+add_test(NAME check.includes COMMAND "${PROJECT_SOURCE_DIR}/scripts/check-includes")
+set_tests_properties(check.includes PROPERTIES LABELS check)

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The data module between the screens (or the command line) and the files: the one open project and its file name,
+// opening and saving, new projects, the one way to recompute, and the check that a project has what a calculation
+// needs.
+#pragma once
+
+#include "app/lotServices.h"
+#include "app/lotSystem.h"
+#include "common/vipNumber.h"
+#include "persistence/lotOptions.h"
+
+#include <string>
+
+class TlotReader;
+
+class TProjectData {
+public:
+    /// All that is handed in must outlive it. `locale` is the user's: of the files that it writes, and of numbers in
+    /// base formulae. `editionFlag` marks the hand-held edition.
+    TProjectData(TlotSystem& system, const TlotOptions& options, const TlotServices& services,
+                 const TNumberLocale& locale, bool editionFlag = false);
+
+    [[nodiscard]] TlotProject& Project() noexcept { return FSystem.Project; }
+    [[nodiscard]] const TlotProject& Project() const noexcept { return FSystem.Project; }
+
+    std::string FileName;  ///< Of the open project; set by whoever opened or saved it.
+
+    /// The one way in which the project is made current: one pass, then, with a residual target, the search for the
+    /// site value that meets it. Always true. Throws what the pass throws; the site value is as it was then.
+    bool Recalculate();
+
+    /// Opens a project file into the project, telling the user what is wrong where it can't. False leaves the project
+    /// as it was; so does the EFileError, naming file and element, that damaged content throws.
+    [[nodiscard]] bool LoadProject(const std::string& fileName);
+
+    /// Saves under that name in one step; false where the user was told why it can't. Throws EFileError where the new
+    /// file cannot be written. An old file stays whole in both cases.
+    [[nodiscard]] bool SaveProject(const std::string& fileName);
+
+    /// Clears the project, as New does before it fills it.
+    void ClearProject();
+    /// Fills the project with the built-in sections, after three defaults from the options.
+    void BuildDefaultProject();
+    /// Clears the project and fills it with the sample data.
+    void BuildTestProject();
+
+    /// True if the project, as computed, has build costs and sales; otherwise `message` says what is missing.
+    [[nodiscard]] bool CheckUnits(std::string& message) const;
+    /// The same, telling the user.
+    [[nodiscard]] bool CheckUnitsShow() const;
+
+private:
+    [[nodiscard]] bool LoadHandheld(TlotReader& reader);
+    [[nodiscard]] bool ReadInto(TlotReader& reader, TlotProject& project);
+
+    TlotSystem& FSystem;
+    const TlotOptions& FOptions;
+    TlotServices FServices;
+    TNumberLocale FLocale;
+    bool FEditionFlag = false;
+};

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What the logic asks of the world outside: a person to tell things to, a clock, the busy cursor. The desktop answers
+// with real boxes, the command line with lines on standard error, tests with a script.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+enum class TlotMessageKind : std::uint8_t { Warning, Error, Information, Confirmation };
+
+class TlotMessageService {
+public:
+    TlotMessageService() = default;
+    TlotMessageService(const TlotMessageService&) = delete;
+    TlotMessageService& operator=(const TlotMessageService&) = delete;
+    virtual ~TlotMessageService() = default;
+
+    /// Tells `text`, which may have lines ending in CR LF, and waits for OK.
+    virtual void Show(TlotMessageKind kind, std::string_view text) = 0;
+};
+
+class TlotClock {
+public:
+    TlotClock() = default;
+    TlotClock(const TlotClock&) = delete;
+    TlotClock& operator=(const TlotClock&) = delete;
+    virtual ~TlotClock() = default;
+
+    /// Today, as a date of vipDate.
+    [[nodiscard]] virtual double Today() const = 0;
+};
+
+/// The clock of the machine, in local time.
+class TlotSystemClock final : public TlotClock {
+public:
+    [[nodiscard]] double Today() const override;
+};
+
+/// A clock that stands.
+class TlotFixedClock final : public TlotClock {
+public:
+    explicit TlotFixedClock(double today) : FToday(today) {}
+    [[nodiscard]] double Today() const override { return FToday; }
+
+private:
+    double FToday = 0;
+};
+
+/// Shown as busy from Begin to End; calls nest.
+class TlotBusyService {
+public:
+    TlotBusyService() = default;
+    TlotBusyService(const TlotBusyService&) = delete;
+    TlotBusyService& operator=(const TlotBusyService&) = delete;
+    virtual ~TlotBusyService() = default;
+
+    virtual void Begin() = 0;
+    virtual void End() = 0;
+};
+
+/// Busy for as long as it lives.
+class TlotBusy {
+public:
+    explicit TlotBusy(TlotBusyService& service) : FService(service) { FService.Begin(); }
+    TlotBusy(const TlotBusy&) = delete;
+    TlotBusy& operator=(const TlotBusy&) = delete;
+    ~TlotBusy() { FService.End(); }
+
+private:
+    TlotBusyService& FService;
+};
+
+/// The services together, as the composition hands them over; not owned.
+struct TlotServices {
+    TlotMessageService& Messages;
+    TlotClock& Clock;
+    TlotBusyService& Busy;
+};

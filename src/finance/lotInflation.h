@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// One rate of inflation for the whole project, acting on the finished monthly rows of up to five families of values.
+// Totals stay as they are: inflation shows in the cashflow, not in the appraisal.
+#pragma once
+
+#include "engine/lotCashflow.h"
+
+#include <bitset>
+#include <cstdint>
+
+enum class TlotInflationTarget : std::uint8_t {
+    SiteValue = 0,
+    BuildCosts = 1,
+    CommercialSales = 2,
+    ResidentialSales = 3,
+    NonCapitalisedSales = 4,
+};
+
+inline constexpr std::size_t InflationTargetCount = 5;
+
+class TlotInflation {
+public:
+    std::bitset<InflationTargetCount> Targets;  ///< By the number of TlotInflationTarget.
+    double Rate = 0;                            ///< Percent a year.
+
+    [[nodiscard]] bool Has(TlotInflationTarget target) const { return Targets.test(static_cast<std::size_t>(target)); }
+    void Set(TlotInflationTarget target, bool on) { Targets.set(static_cast<std::size_t>(target), on); }
+
+    /// Inflates the months of `item` at Rate.
+    void Inflate(TlotCashflowItem& item) const { item.Inflate(Rate); }
+};

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "finance/lotLoan.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+std::array<TlotCashflowItem*, 15> AllRows(TlotLoanRows& rows) {
+    return {&rows.CashflowIn,
+            &rows.BorrowingSource,
+            &rows.RolledOverDebt,
+            &rows.CanBorrow,
+            &rows.NeedToBorrow,
+            &rows.Borrowing,
+            &rows.CanRepay,
+            &rows.Repayment,
+            &rows.Debt,
+            &rows.Interest,
+            &rows.ExcessInterest,
+            &rows.Fees,
+            &rows.CashflowOut,
+            &rows.CashflowExcludingInterest,
+            &rows.CashflowIncludingInterest};
+}
+
+/// Makes a monthly array that a user may leave empty or short reach `count`: empty, it takes `fixed` throughout, short,
+/// its last figure goes on.
+void PrepareMonths(TlotDoubles& months, int count, double fixed) {
+    if (months.IsEmpty()) {
+        months.Assign(count, fixed);
+    } else {
+        months.Extend(count);
+    }
+}
+
+}  // namespace
+
+TlotLoan::TlotLoan() {
+    for (TlotCashflowItem* const row : AllRows(*this)) {
+        row->Income = true;
+        row->NoTotal = true;
+    }
+}
+
+void TlotLoan::ClearResults() {
+    for (TlotCashflowItem* const row : AllRows(*this)) {
+        row->ClearValues();
+    }
+    LoanFees.Line.ClearAll();
+    TotalInterest = 0;
+    MaximumDebt = 0;
+    NPVExcludingInterest = 0;
+    NPVIncludingInterest = 0;
+    IRRExcludingInterest = 0;
+    IRRIncludingInterest = 0;
+}
+
+void TlotLoan::PrepareRates(int count) {
+    if (VariableRate) {
+        PrepareMonths(InterestRates, count, InterestRate.Value);
+    }
+}
+
+void TlotLoan::PreparePercentages(int count) {
+    if (VariablePercentage) {
+        PrepareMonths(RepayPercentages, count, RepayPercentage);
+        PrepareMonths(BorrowPercentages, count, BorrowPercentage);
+    }
+}
+
+void TlotLoan::ComputeCashflows() {
+    const int count = CashflowIn.Count();
+    CashflowExcludingInterest.Values.Zero(count);
+    CashflowIncludingInterest.Values.Zero(count);
+    for (int i = 0; i < count; ++i) {
+        const double cash = CashflowIn.GetValue(i);
+        CashflowExcludingInterest.SetValue(i, cash + Borrowing.GetValue(i) - Repayment.GetValue(i));
+        CashflowIncludingInterest.SetValue(i, cash + Interest.GetValue(i));
+    }
+    IRRExcludingInterest = CashflowExcludingInterest.IRR120();
+    IRRIncludingInterest = CashflowIncludingInterest.IRR120();
+}
+
+void TlotLoan::ComputeNPV(double discountRate) {
+    NPVExcludingInterest = CashflowExcludingInterest.NPVAt(discountRate);
+    NPVIncludingInterest = CashflowIncludingInterest.NPVAt(discountRate);
+}
+
+int TlotLoanList::IndexOf(std::string_view name) const {
+    const auto found = std::ranges::find_if(FLoans, [&](const auto& loan) { return loan->Name == name; });
+    return found == FLoans.end() ? -1 : static_cast<int>(found - FLoans.begin());
+}

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The reader's walk of loans and the equity, whose forms changed most between file versions.
+#include "common/vipErrors.h"
+#include "persistence/lotLimits.h"
+#include "persistence/lotProjectReader.h"
+
+#include <algorithm>
+
+namespace {
+
+/// An element with `Count` and that many `Value` children: what is missing is 0, what is too much is left. A count of
+/// zero or less leaves the array as it was.
+void ReadValueArray(const TlotElement& e, TlotDoubles& values) {
+    const std::int32_t count = e.Integer("Count");
+    if (count <= 0) {
+        return;
+    }
+    if (count > lotLimits::Months) {
+        throw EFileError(e.Place() + ", Count: " + std::to_string(count) + " is more than " +
+                         std::to_string(lotLimits::Months) + " months");
+    }
+    values.Zero(count);
+    int month = 0;
+    for (const pugi::xml_node child : e.Node().children()) {
+        const TlotElement value(child, e.Locale());
+        if (month < count && child.type() == pugi::node_element && value.Is("Value")) {
+            values.Set(month++, value.NumberText());
+        }
+    }
+}
+
+/// A loan's month may lie before the project, where its calculation is refused, but not beyond all bounds.
+std::int32_t LoanMonth(const TlotElement& e, const char* name) {
+    const std::int32_t month = e.Integer(name);
+    if (month > lotLimits::Months) {
+        throw EFileError(e.Place() + ", " + name + ": " + std::to_string(month) + " is more than " +
+                         std::to_string(lotLimits::Months) + " months");
+    }
+    return month;
+}
+
+}  // namespace
+
+void TlotProjectReader::ReadFunding(const TlotElement& e) {
+    for (const pugi::xml_node child : e.Node().children()) {
+        if (child.type() == pugi::node_element && Element(child).Is("Loan")) {
+            ReadLoan(Element(child));
+        }
+    }
+}
+
+void TlotProjectReader::ReadLoan(const TlotElement& e) {
+    CountObject(e);
+    TlotLoan& loan = FProject.Funding.Loans.Add();
+    loan.Name = e.Text("Name");
+    loan.Active = e.Boolean("Active", true);
+    loan.InterestRate.Value = e.Number("InterestRate");
+    ReadLoanTerms(e, loan);
+    loan.LoanSource = e.Enumeration<TlotLoanSource>("LoanSource");
+    loan.VariableRate = e.Boolean("VariableRate");
+    for (const pugi::xml_node node : e.Node().children()) {
+        if (node.type() != pugi::node_element) {
+            continue;
+        }
+        const TlotElement child = Element(node);
+        if (child.Is("InterestRates")) {
+            ReadValueArray(child, loan.InterestRates);
+        } else if (child.Is("Borrow")) {
+            ReadValueArray(child, loan.BorrowPercentages);
+        } else if (child.Is("Repay")) {
+            ReadValueArray(child, loan.RepayPercentages);
+        } else if (child.Is("LoanFees")) {
+            loan.LoanFees.Amount = child.Number("Amount");
+            loan.LoanFees.Percentage = child.Boolean("Percentage");
+        } else if (child.Is("Borrowing")) {
+            ReadSpread(child, loan.Borrowing);
+        }
+    }
+    FLongest = std::max({FLongest, loan.InterestRates.Count(), loan.Start + std::max(loan.Period, 0)});
+}
+
+void TlotProjectReader::ReadLoanTerms(const TlotElement& e, TlotLoan& loan) const {
+    if (FVersion < 4) {
+        const double borrowing = e.Number("Borrowing");
+        if (e.Boolean("Percentage")) {
+            loan.LoanType = TlotLoanType::Standard;
+            loan.BorrowPercentage = borrowing;
+            loan.RepayPercentage = borrowing;
+        } else {
+            loan.LoanType = TlotLoanType::Cash;
+            loan.Amount = borrowing;
+        }
+        return;
+    }
+    if (FVersion < 11) {
+        loan.BorrowPercentage = e.Number("Percentage");
+        loan.RepayPercentage = loan.BorrowPercentage;
+    } else {
+        loan.BorrowPercentage = e.Number("BorrowPercentage");
+        loan.RepayPercentage = e.Number("RepayPercentage");
+        loan.VariablePercentage = e.Boolean("VariablePercentage");
+    }
+    loan.LoanType = e.Enumeration<TlotLoanType>("LoanType");
+    loan.Amount = e.Number("Amount");
+    loan.Maximum = e.Number("Maximum");
+    loan.Base = e.Text("Base");
+    loan.Start = LoanMonth(e, "Start");
+    loan.Period = LoanMonth(e, "Period");
+}
+
+void TlotProjectReader::ReadEquity(const TlotElement& e) {
+    TlotEquity& equity = FProject.Equity;
+    equity.DiscountRate = e.Number("DiscountRate");
+    equity.InterestRate.Value = e.Number("InterestRate");
+    equity.CreditInterestRate = e.Number("CreditInterestRate");
+    equity.VariableRate = e.Boolean("VariableRate");
+    if (FVersion >= 2) {
+        equity.NPVIRRIncludesInterest = e.Boolean("NPVIRRIncludesInterest");
+    }
+    if (const pugi::xml_node rates = e.Node().child("InterestRates")) {
+        ReadValueArray(Element(rates), equity.InterestRates);
+    }
+}

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tool/toolSession.h"
+
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+void TToolMessages::Show(TlotMessageKind /*kind*/, std::string_view text) {
+    Fail(text);
+}
+
+void TToolMessages::Fail(std::string_view text) {
+    FErr << "lotcalc: ";
+    if (!Subject.empty() && !text.starts_with(Subject)) {
+        FErr << Subject << ": ";
+    }
+    bool blank = false;
+    for (const char c : text) {
+        if (c == '\r' || c == '\n') {
+            blank = true;
+        } else {
+            FErr << (blank ? " " : "") << c;
+            blank = false;
+        }
+    }
+    FErr << '\n';
+    FSpoken = true;
+}
+
+TToolSession::TToolSession(std::ostream& out, std::ostream& err, const TNumberLocale& locale, double today)
+    : Out(out),
+      Locale(locale),
+      Messages(err),
+      FClock(today),
+      FSystem(today),
+      FData(FSystem, FOptions, TlotServices{Messages, FClock, FBusy}, locale) {}
+
+void TToolSession::Open(const std::string& fileName) {
+    Messages.Subject = fileName;
+    std::error_code error;
+    if (!std::filesystem::exists(fileName, error)) {
+        throw ELotError("File does not exist.");
+    }
+    if (!Data().LoadProject(fileName)) {
+        if (!Messages.Spoken()) {
+            throw ELotError("There is no Project element in the file.");
+        }
+        throw EToolRefused();
+    }
+    Data().FileName = fileName;
+}
+
+void TToolSession::Save(const std::string& fileName) {
+    Messages.Subject = fileName;
+    if (!Data().SaveProject(fileName)) {
+        throw EToolRefused();
+    }
+}
