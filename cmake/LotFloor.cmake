@@ -70,7 +70,7 @@ function(lot_add_bench)
     find_package(benchmark CONFIG REQUIRED)
     add_executable(bench_lotmaster ${sources})
     target_link_libraries(bench_lotmaster PRIVATE lot_app benchmark::benchmark)
-    target_compile_definitions(bench_lotmaster PRIVATE LOT_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
+    target_compile_definitions(bench_lotmaster PRIVATE LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
     set_target_properties(bench_lotmaster PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bench")
 endfunction()
 

@@ -16,8 +16,8 @@ endif()
 target_include_directories(lot_test_support ${scope} "${PROJECT_SOURCE_DIR}/tests")
 target_link_libraries(lot_test_support ${scope} lot_app GTest::gtest)
 target_compile_definitions(lot_test_support ${scope}
-    LOT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
-    LOT_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
+    LOTMASTER_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
+    LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
 
 foreach(floor IN ITEMS common engine finance model sensitivity persistence reporting app tool)
     file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${floor}/*.cpp")

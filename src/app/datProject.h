@@ -24,7 +24,7 @@ public:
     [[nodiscard]] TlotProject& Project() noexcept { return FSystem.Project; }
     [[nodiscard]] const TlotProject& Project() const noexcept { return FSystem.Project; }
 
-    std::string FileName;  ///< Of the open project; set by whoever opened or saved it.
+    std::string FileName; ///< Of the open project; set by whoever opened or saved it.
 
     /// The one way in which the project is made current: one pass, then, with a residual target, the search for the
     /// site value that meets it. Always true. Throws what the pass throws; the site value is as it was then.

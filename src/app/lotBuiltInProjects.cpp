@@ -167,7 +167,7 @@ void AddTestUnit(TlotProject& project, const TUnitRow& row) {
     }
 }
 
-}  // namespace
+} // namespace
 
 void FillDefaultProject(TlotProject& project, const TlotOptions& options) {
     project.Equity.InterestRate.Value = options.InterestRate;

@@ -14,5 +14,5 @@ public:
     explicit TlotSystem(double today);
 
     TlotProject Project;
-    const std::string Version;  ///< Of the program, as it was built.
+    const std::string Version; ///< Of the program, as it was built.
 };

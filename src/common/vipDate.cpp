@@ -50,7 +50,7 @@ year_month_day Compose(int y, int m, int d) {
     return y >= 1 && y <= 9999 ? date : year_month_day{year{1}, month{0}, day{0}};
 }
 
-}  // namespace
+} // namespace
 
 double EncodeDate(int y, int m, int d) {
     const year_month_day date = Compose(y, m, d);
@@ -103,4 +103,4 @@ std::string DayMonthYearText(double date) {
            ' ' + std::to_string(static_cast<int>(d.year()));
 }
 
-}  // namespace vip
+} // namespace vip

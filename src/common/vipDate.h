@@ -28,4 +28,4 @@ namespace vip {
 /// "d mmm yyyy", in English.
 [[nodiscard]] std::string DayMonthYearText(double date);
 
-}  // namespace vip
+} // namespace vip

@@ -20,7 +20,7 @@ bool IsLetter(char c) noexcept {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
 }
 
-}  // namespace
+} // namespace
 
 double TEasyEvaluator::Evaluate(std::string_view text) {
     FText = text;

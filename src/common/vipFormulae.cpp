@@ -13,10 +13,39 @@ double FiniteOrZero(long double value) noexcept {
     return std::isfinite(result) ? result : 0;
 }
 
-}  // namespace
+/// Whole years, which most terms are, take a few multiplications; the power function of this precision is slow.
+long double ExtendedPower(long double base, double exponent) noexcept {
+    constexpr double mostWhole = 1024;
+    const double whole = std::fabs(exponent);
+    if (!(whole <= mostWhole) || whole != std::trunc(whole)) {
+        return std::pow(base, static_cast<long double>(exponent));
+    }
+    const long double power = IntegerPower(base, static_cast<int>(whole));
+    return exponent < 0 ? 1.0L / power : power;
+}
+
+} // namespace
+
+long double IntegerPower(long double base, int exponent) noexcept {
+    long double result = 1;
+    for (; exponent > 0; exponent /= 2) {
+        result = exponent % 2 == 1 ? result * base : result;
+        base *= base;
+    }
+    return result;
+}
+
+long double PeriodDiscount(double rate, int periodsPerYear) noexcept {
+    const double growth = 1 + rate;
+    if (!(growth > 0)) {
+        return 0;
+    }
+    const long double v = std::pow(growth, -1.0 / periodsPerYear);
+    return v - v * (growth * IntegerPower(v, periodsPerYear) - 1) / periodsPerYear;
+}
 
 double Pow(double base, double exponent) noexcept {
-    return static_cast<double>(std::pow(static_cast<long double>(base), static_cast<long double>(exponent)));
+    return static_cast<double>(ExtendedPower(base, exponent));
 }
 
 double Amount(double rate, double years) noexcept {
@@ -52,7 +81,7 @@ double YPArrears(double rate, double years) noexcept {
 }
 
 double EffectiveRate(int m, double rate) noexcept {
-    return static_cast<double>(std::pow(static_cast<long double>(rate) / m + 1.0L, static_cast<long double>(m)) - 1.0L);
+    return static_cast<double>(IntegerPower(static_cast<long double>(rate) / m + 1.0L, m) - 1.0L);
 }
 
 double YPAdvance(bool convert, int m, double rate, double years) noexcept {
@@ -60,7 +89,7 @@ double YPAdvance(bool convert, int m, double rate, double years) noexcept {
         return 0;
     }
     const long double r = convert ? EffectiveRate(m, rate) : rate;
-    const long double paid = 1.0L - std::pow(1.0L + r, -static_cast<long double>(years));
+    const long double paid = 1.0L - ExtendedPower(1.0L + r, -years);
     const long double period = (1.0L - std::pow(1.0L + r, -1.0L / m)) * m;
     return FiniteOrZero(paid / period);
 }
@@ -77,4 +106,4 @@ double YPQuarterlyAdvancePerpetuity(bool convert, double rate) noexcept {
     return YPAdvancePerpetuity(convert, 4, rate);
 }
 
-}  // namespace vip
+} // namespace vip

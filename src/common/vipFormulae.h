@@ -13,6 +13,14 @@ inline constexpr double PerpetuityYears = 999;
 /// base ^ exponent.
 [[nodiscard]] double Pow(double base, double exponent) noexcept;
 
+/// base ^ exponent for a whole exponent of 0 or above.
+[[nodiscard]] long double IntegerPower(long double base, int exponent) noexcept;
+
+/// The discount of one period of several in a year, (1 + rate)^(-1 / periodsPerYear); 0 for a rate of -1 or below. The
+/// power function in double precision, then one Newton step in extended: as exact as the extended function in a
+/// fraction of its time.
+[[nodiscard]] long double PeriodDiscount(double rate, int periodsPerYear) noexcept;
+
 /// What 1 grows to: (1 + rate) ^ years.
 [[nodiscard]] double Amount(double rate, double years) noexcept;
 
@@ -40,4 +48,4 @@ inline constexpr double PerpetuityYears = 999;
 [[nodiscard]] double YPQuarterlyAdvance(bool convert, double rate, double years) noexcept;
 [[nodiscard]] double YPQuarterlyAdvancePerpetuity(bool convert, double rate) noexcept;
 
-}  // namespace vip
+} // namespace vip

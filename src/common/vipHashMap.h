@@ -13,8 +13,7 @@
 #include <utility>
 #include <vector>
 
-template <class T>
-class TStringHashMap {
+template <class T> class TStringHashMap {
 public:
     static constexpr std::size_t BucketCount = 127;
 

@@ -26,8 +26,7 @@ int Sign(long double value) noexcept {
     return value > 0 ? 1 : (value < 0 ? -1 : 0);
 }
 
-template <class Range>
-int SignChanges(const Range& values) noexcept {
+template <class Range> int SignChanges(const Range& values) noexcept {
     int changes = 0;
     int last = 0;
     for (const auto value : values) {
@@ -78,7 +77,7 @@ struct TInterval {
     TSide Side = TSide::Direct;
     long double Low = 0;
     long double High = 1;
-    double Distance = 0;  ///< Least distance from the guess of any rate in it.
+    double Distance = 0; ///< Least distance from the guess of any rate in it.
     TCoefficients Bernstein;
 };
 
@@ -179,7 +178,7 @@ private:
     std::priority_queue<TInterval, std::vector<TInterval>, TNearestFirst> FQueue;
 };
 
-}  // namespace
+} // namespace
 
 bool NearestMonthlyIRR(std::span<const double> flows, double guess, double& rate) {
     while (!flows.empty() && flows.front() == 0) {
@@ -206,4 +205,4 @@ bool NearestMonthlyIRR(std::span<const double> flows, double guess, double& rate
     return true;
 }
 
-}  // namespace vip
+} // namespace vip

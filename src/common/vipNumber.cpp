@@ -172,7 +172,7 @@ void AppendWhole(std::string& text, const TDecimal& figure, bool grouped, char32
     }
 }
 
-}  // namespace
+} // namespace
 
 double StrToNumber(std::string_view text, const TNumberLocale& locale) {
     return ParseNumber(CodePoints(text), locale.Decimal, locale.Thousand);
@@ -246,4 +246,4 @@ std::string FormatMask(std::string_view mask, double value, const TNumberLocale&
     return text;
 }
 
-}  // namespace vip
+} // namespace vip

@@ -42,4 +42,4 @@ namespace vip {
 /// The separators of the first known name among LC_ALL, LC_NUMERIC and LANG as given; the plain ones if there is none.
 [[nodiscard]] TNumberLocale EnvironmentNumberLocale();
 
-}  // namespace vip
+} // namespace vip

@@ -64,13 +64,12 @@ constexpr std::array Languages = {
     TLocaleRow{"uk", CommaSpace},
 };
 
-template <class Rows>
-std::optional<TNumberLocale> FindRow(const Rows& rows, std::string_view name) {
+template <class Rows> std::optional<TNumberLocale> FindRow(const Rows& rows, std::string_view name) {
     const auto row = std::ranges::find_if(rows, [&](const TLocaleRow& r) { return SameText(r.Name, name); });
     return row == rows.end() ? std::nullopt : std::optional(row->Separators);
 }
 
-}  // namespace
+} // namespace
 
 std::optional<TNumberLocale> FindNumberLocale(std::string_view name) {
     std::string plain(name.substr(0, name.find_first_of(".@")));
@@ -91,4 +90,4 @@ TNumberLocale EnvironmentNumberLocale() {
     return {};
 }
 
-}  // namespace vip
+} // namespace vip

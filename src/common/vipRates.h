@@ -6,6 +6,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 namespace vip {
 
@@ -25,8 +26,19 @@ inline constexpr int MonthsAYear = 12;
 /// flows[i] / (1 + r)^i changes sign. False if there is none.
 [[nodiscard]] bool NearestMonthlyIRR(std::span<const double> flows, double guess, double& rate);
 
-/// Multiplies each month's value by (1 + rate / 100)^(month / 12); `rate` in percent a year. At -100 % or below all but
-/// month 0 becomes 0.
-void InflateMonths(std::span<double> values, double rate) noexcept;
+/// What prices grow by: the factor (1 + rate / 100)^(month / 12) of each month, made once for all lines that grow
+/// alike.
+class TGrowthFactors {
+public:
+    /// The factors of the first `count` months at `rate` percent a year; valid until the next call. At -100 % or below
+    /// all but month 0 are 0.
+    [[nodiscard]] std::span<const double> Months(double rate, int count);
 
-}  // namespace vip
+private:
+    double FRate = 0;
+    long double FMonth = 1;
+    long double FNext = 1;
+    std::vector<double> FFactors;
+};
+
+} // namespace vip

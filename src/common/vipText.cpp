@@ -41,7 +41,7 @@ std::size_t SequenceLength(std::string_view text, std::size_t position) noexcept
     return length;
 }
 
-}  // namespace
+} // namespace
 
 std::string_view Trim(std::string_view text) noexcept {
     const auto blank = [](char c) { return static_cast<unsigned char>(c) <= 32; };
@@ -109,7 +109,21 @@ int CompareText(std::string_view a, std::string_view b) noexcept {
 }
 
 bool SameText(std::string_view a, std::string_view b) noexcept {
-    return CompareText(a, b) == 0;
+    // A letter and its lower case take as many bytes, so texts of different lengths are different.
+    if (a.size() != b.size()) {
+        return false;
+    }
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        const auto left = static_cast<unsigned char>(a[i]);
+        const auto right = static_cast<unsigned char>(b[i]);
+        if (left >= 0x80 && right >= 0x80) {
+            return CompareText(a.substr(i), b.substr(i)) == 0;
+        }
+        if (left != right && LowerCodePoint(left) != LowerCodePoint(right)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 void AppendCodePoint(std::string& text, char32_t c) {
@@ -176,4 +190,4 @@ std::optional<double> PlainNumber(std::string_view text) noexcept {
     return value;
 }
 
-}  // namespace vip
+} // namespace vip

@@ -37,4 +37,4 @@ void AppendCodePoint(std::string& text, char32_t c);
 /// A plain number, "." as its separator, an exponent allowed; nothing if any other character stands in the text.
 [[nodiscard]] std::optional<double> PlainNumber(std::string_view text) noexcept;
 
-}  // namespace vip
+} // namespace vip

@@ -7,7 +7,7 @@ constexpr std::array<std::string_view, 14> KeywordNames = {
     "SITEVALUE", "GROSSRENT", "NETRENT", "NETCAP",       "GROSSCAP",    "NONCAP",      "BUILD",
     "SECTION",   "GROUP",     "PROFIT",  "PROFITONCOST", "PROFITONGDV", "PROFITONNDV", "RENTALYIELD"};
 
-}  // namespace
+} // namespace
 
 TlotBaseValues::TlotBaseValues() {
     SiteValue.Colour = 19;

@@ -19,24 +19,24 @@ public:
 
     TEvaluator Evaluator;
 
-    TlotCashflowItem SiteValue;  ///< Paid for the site: the input, or the residual answer.
-    TlotCashflowItem Build;      ///< Build costs of all units.
-    TlotCashflowItem GrossCap;   ///< Gross sale value of capitalised units; only its amount is used.
-    TlotCashflowItem NetCap;     ///< Sales lines of capitalised units, net of purchaser's costs.
-    TlotCashflowItem NonCap;     ///< Sales lines of the other units.
-    TlotCashflowItem GrossRent;  ///< ERV of capitalised units; only its amount is used.
-    TlotCashflowItem NetRent;    ///< The same less ground rent; only its amount is used.
-    TlotCashflowItem Section;    ///< The section being calculated, up to the item before the present one.
-    TlotCashflowItem Group;      ///< The group of the section calculated last.
+    TlotCashflowItem SiteValue; ///< Paid for the site: the input, or the residual answer.
+    TlotCashflowItem Build;     ///< Build costs of all units.
+    TlotCashflowItem GrossCap;  ///< Gross sale value of capitalised units; only its amount is used.
+    TlotCashflowItem NetCap;    ///< Sales lines of capitalised units, net of purchaser's costs.
+    TlotCashflowItem NonCap;    ///< Sales lines of the other units.
+    TlotCashflowItem GrossRent; ///< ERV of capitalised units; only its amount is used.
+    TlotCashflowItem NetRent;   ///< The same less ground rent; only its amount is used.
+    TlotCashflowItem Section;   ///< The section being calculated, up to the item before the present one.
+    TlotCashflowItem Group;     ///< The group of the section calculated last.
 
-    double Profit = 0;        ///< Money: NDV less TDC.
-    double ProfitOnCost = 0;  ///< Percent, as the next four.
+    double Profit = 0;       ///< Money: NDV less TDC.
+    double ProfitOnCost = 0; ///< Percent, as the next four.
     double ProfitOnGDV = 0;
     double ProfitOnNDV = 0;
     double SiteValueOnGDV = 0;
     double RentalYield = 0;
-    std::int32_t RentalCover = 0;    ///< Whole months.
-    std::int32_t InterestCover = 0;  ///< Whole months.
+    std::int32_t RentalCover = 0;   ///< Whole months.
+    std::int32_t InterestCover = 0; ///< Whole months.
 
     /// The value of an expression over the keywords. Throws EEvaluatorError.
     [[nodiscard]] double Evaluate(std::string_view text) { return Evaluator.Evaluate(text); }

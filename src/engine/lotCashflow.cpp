@@ -11,7 +11,6 @@
 
 namespace {
 
-using TSpan = std::span<double>;
 using TConstSpan = std::span<const double>;
 
 /// Months that a loan's internal rate of return looks at.
@@ -19,19 +18,6 @@ constexpr int IRRMonths = 120;
 
 double SumOf(TConstSpan values) noexcept {
     return std::accumulate(values.begin(), values.end(), 0.0);
-}
-
-/// target[i] := operation(target[i], source[i]) over the months of source.
-template <class Operation>
-void Combine(TlotDoubles& target, const TlotDoubles& source, Operation operation) {
-    if (target.Count() < source.Count()) {
-        target.Resize(source.Count());
-    }
-    const TConstSpan from = source.Span();
-    const TSpan to = target.Span();
-    for (std::size_t i = 0; i < from.size(); ++i) {
-        to[i] = operation(to[i], from[i]);
-    }
 }
 
 int FirstNonZero(TConstSpan values) noexcept {
@@ -48,7 +34,7 @@ int LastNonZero(TConstSpan values) noexcept {
     return -1;
 }
 
-}  // namespace
+} // namespace
 
 void TlotCashflowItem::Spread() {
     if (SpreadKind == TlotSpreadKind::Linked && LinkedValues != nullptr) {
@@ -71,14 +57,13 @@ void TlotCashflowItem::SpreadLinked() {
 }
 
 void TlotCashflowItem::SpreadByPortions() {
-    const TConstSpan portions = Portions.Span();
+    const TConstSpan portions = Portions.Tail();
     const double w = SpreadKind == TlotSpreadKind::Repeat ? 1 : SumOf(portions);
     if (w == 0) {
         Values.Zero(Portions.Count());
         return;
     }
-    Values.Resize(Portions.Count());
-    const TSpan values = Values.Span();
+    const std::span<double> values = Values.Prepare(Portions.Lead(), Portions.Count());
     const double amount = Amount;
     for (std::size_t i = 0; i < values.size(); ++i) {
         values[i] = portions[i] / w * amount;
@@ -88,9 +73,8 @@ void TlotCashflowItem::SpreadByPortions() {
 void TlotCashflowItem::SpreadLevel() {
     Period = std::max(Period, 1);
     Start = std::max(Start, 0);
-    Values.Zero(Start + Period);
     const double monthly = SpreadKind == TlotSpreadKind::Repeat ? Amount : Amount / Period;
-    std::ranges::fill(Values.Span().subspan(static_cast<std::size_t>(Start)), monthly);
+    std::ranges::fill(Values.Prepare(Start, Start + Period), monthly);
 }
 
 void TlotCashflowItem::ClearValues() {
@@ -104,12 +88,12 @@ void TlotCashflowItem::ClearAll() {
 }
 
 void TlotCashflowItem::Add(const TlotCashflowItem& other) {
-    Combine(Values, other.Values, std::plus<>());
+    Values.Combine(other.Values, std::plus<>());
     Amount += other.Amount;
 }
 
 void TlotCashflowItem::Subtract(const TlotCashflowItem& other) {
-    Combine(Values, other.Values, std::minus<>());
+    Values.Combine(other.Values, std::minus<>());
     Amount -= other.Amount;
 }
 
@@ -128,25 +112,33 @@ void TlotCashflowItem::Assign(const TlotCashflowItem& other) {
 }
 
 void TlotCashflowItem::SetPortionsFrom(const TlotCashflowItem& line) {
-    const TConstSpan source = line.Values.Span();
+    const TConstSpan source = line.Values.Tail();
     const double sum = SumOf(source);
     if (sum == 0) {
         Portions.Zero(line.Count());
         return;
     }
-    Portions.Resize(line.Count());
-    const TSpan portions = Portions.Span();
+    const std::span<double> portions = Portions.Prepare(line.Values.Lead(), line.Count());
     for (std::size_t i = 0; i < portions.size(); ++i) {
         portions[i] = source[i] / sum;
     }
 }
 
 void TlotCashflowItem::Inflate(double rate) {
-    vip::InflateMonths(Values.Span(), rate);
+    vip::TGrowthFactors growth;
+    MultiplyMonths(growth.Months(rate, Count()));
+}
+
+void TlotCashflowItem::MultiplyMonths(std::span<const double> factors) {
+    const auto lead = static_cast<std::size_t>(Values.Lead());
+    const std::span<double> values = Values.Prepare(Values.Lead(), Count());
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = values[i] * factors[lead + i];
+    }
 }
 
 double TlotCashflowItem::Sum() const {
-    return SumOf(Values.Span());
+    return SumOf(Values.Tail());
 }
 
 double TlotCashflowItem::NPVAt(double rate) const {

@@ -8,6 +8,7 @@
 #include "common/lotDoubles.h"
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,26 +28,26 @@ protected:
 };
 
 enum class TlotSpreadKind : std::uint8_t {
-    Spread = 0,  ///< Amount falls over the months.
-    Repeat = 1,  ///< Amount falls in each month: a rent.
-    Linked = 2,  ///< Amount is a percentage of LinkedValues, month by month.
+    Spread = 0, ///< Amount falls over the months.
+    Repeat = 1, ///< Amount falls in each month: a rent.
+    Linked = 2, ///< Amount is a percentage of LinkedValues, month by month.
 };
 
 class TlotCashflowItem final : public TlotCashflowValues {
 public:
-    int Start = 0;          ///< First month where there are no Portions.
-    int Period = 0;         ///< Number of months where there are no Portions.
-    bool ReadOnly = false;  ///< Set for a linked item at each calculation.
+    int Start = 0;         ///< First month where there are no Portions.
+    int Period = 0;        ///< Number of months where there are no Portions.
+    bool ReadOnly = false; ///< Set for a linked item at each calculation.
     TlotSpreadKind SpreadKind = TlotSpreadKind::Spread;
-    const TlotCashflowValues* LinkedValues = nullptr;  ///< Not owned.
-    TlotDoubles Values;                                ///< Result: money in each month.
-    TlotDoubles Portions;         ///< Weights by month; empty means a straight line over Start and Period.
-    bool Income = false;          ///< Money in.
-    std::int16_t Colour = 0;      ///< Palette index of the timescale.
-    std::uint32_t BarColour = 0;  ///< RGB of the bar.
-    bool NoTotal = false;         ///< The cashflow view shows no total for this line.
+    const TlotCashflowValues* LinkedValues = nullptr; ///< Not owned.
+    TlotDoubles Values;                               ///< Result: money in each month.
+    TlotDoubles Portions;        ///< Weights by month; empty means a straight line over Start and Period.
+    bool Income = false;         ///< Money in.
+    std::int16_t Colour = 0;     ///< Palette index of the timescale.
+    std::uint32_t BarColour = 0; ///< RGB of the bar.
+    bool NoTotal = false;        ///< The cashflow view shows no total for this line.
     std::string AccountCode;
-    double Amount = 0;  ///< Total of the line, or the monthly sum where SpreadKind is Repeat.
+    double Amount = 0; ///< Total of the line, or the monthly sum where SpreadKind is Repeat.
 
     [[nodiscard]] int Count() const override { return Values.Count(); }
     [[nodiscard]] double GetValue(int month) const override { return Values.Get(month); }
@@ -75,6 +76,8 @@ public:
     /// Multiplies each month by (1 + rate / 100)^(month / 12); rate in percent a year. Amount stays, so that inflation
     /// shows in the cashflow and not in the appraisal.
     void Inflate(double rate);
+    /// Multiplies each month by its factor; there must be as many.
+    void MultiplyMonths(std::span<const double> factors);
 
     /// Sum of Values.
     [[nodiscard]] double Sum() const;
@@ -132,10 +135,10 @@ class TlotCashflow {
 public:
     TlotCashflow();
 
-    TlotCashflowItemList Items;  ///< All lines of the project, in the order of the calculation.
-    TlotCashflowItem Total;      ///< Income less costs, before finance.
-    double NPV = 0;              ///< Money.
-    double IRR = 0;              ///< Percent a year.
+    TlotCashflowItemList Items; ///< All lines of the project, in the order of the calculation.
+    TlotCashflowItem Total;     ///< Income less costs, before finance.
+    double NPV = 0;             ///< Money.
+    double IRR = 0;             ///< Percent a year.
 
     /// Empties Items and clears Total with its amount.
     void Clear();

@@ -10,16 +10,15 @@ void TlotCashflowItem::EnsurePortions() {
     if (!Portions.IsEmpty() || Period < 1) {
         return;
     }
-    Portions.Zero(std::max(Start + Period, 0));
-    std::ranges::fill(Portions.Span().subspan(static_cast<std::size_t>(std::max(Start, 0))), 1.0);
+    const int first = std::max(Start, 0);
+    std::ranges::fill(Portions.Prepare(first, std::max(Start + Period, first)), 1.0);
 }
 
 void TlotCashflowItem::ResetToLevel() {
     Portions.Clear();
     const int first = std::max(Start, 0);
     const int end = std::max(Start + Period, first);
-    Values.Zero(end);
-    std::ranges::fill(Values.Span().subspan(static_cast<std::size_t>(first)), Amount / std::max(Period, 1));
+    std::ranges::fill(Values.Prepare(first, end), Amount / std::max(Period, 1));
 }
 
 void TlotCashflowItem::NormaliseSpan() {

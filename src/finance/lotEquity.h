@@ -13,22 +13,22 @@ class TlotEquity {
 public:
     TlotEquity();
 
-    TlotSADouble InterestRate;      ///< Debit rate, percent a year.
-    double CreditInterestRate = 0;  ///< Rate on a positive balance, percent a year.
-    bool VariableRate = false;      ///< Debit rates come from InterestRates.
-    TlotDoubles InterestRates;      ///< Percent a year, one a month.
+    TlotSADouble InterestRate;     ///< Debit rate, percent a year.
+    double CreditInterestRate = 0; ///< Rate on a positive balance, percent a year.
+    bool VariableRate = false;     ///< Debit rates come from InterestRates.
+    TlotDoubles InterestRates;     ///< Percent a year, one a month.
     TlotDoubles StoredInterestRates;
-    double DiscountRate = 0;  ///< Percent a year.
+    double DiscountRate = 0; ///< Percent a year.
     bool NPVIRRIncludesInterest = true;
 
-    TlotCashflowItem Cashflow;                   ///< Cash to (negative) or from equity.
-    TlotCashflowItem Balance;                    ///< Running balance. Never emptied: each month is overwritten.
-    TlotCashflowItem Interest;                   ///< Of the closing balance, felt in the next month.
-    TlotCashflowItem CashflowIncludingInterest;  ///< Cashflow + Interest.
+    TlotCashflowItem Cashflow;                  ///< Cash to (negative) or from equity.
+    TlotCashflowItem Balance;                   ///< Running balance. Never emptied: each month is overwritten.
+    TlotCashflowItem Interest;                  ///< Of the closing balance, felt in the next month.
+    TlotCashflowItem CashflowIncludingInterest; ///< Cashflow + Interest.
     double NPV = 0;
-    double IRR = 0;            ///< Percent a year.
-    double TotalInterest = 0;  ///< A cost; credit interest takes it down.
-    double TotalCash = 0;      ///< The negative months of Cashflow, as a positive figure.
+    double IRR = 0;           ///< Percent a year.
+    double TotalInterest = 0; ///< A cost; credit interest takes it down.
+    double TotalCash = 0;     ///< The negative months of Cashflow, as a positive figure.
 
     /// Fills everything from Cashflow; `adjust` may be null. Its rate is not added to the credit rate.
     void Calculate(const TlotAdjust* adjust);

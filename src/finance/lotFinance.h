@@ -18,7 +18,7 @@ public:
 
     std::array<TlotCashflowItem, 4> Rows;
     bool Enabled = true;
-    double Rate = 0;  ///< Percent a year.
+    double Rate = 0; ///< Percent a year.
     bool RolledUp = false;
 
     void Reset() {

@@ -10,7 +10,7 @@ namespace {
 
 /// target[i] := target[i] + sign * row[i], over the months of target.
 void AddRow(TlotCashflowItem& target, const TlotCashflowItem& row, double sign) {
-    const auto to = target.Values.Span();
+    const auto to = target.Values.Edit();
     const auto from = row.Values.Span();
     const std::size_t count = std::min(to.size(), from.size());
     for (std::size_t i = 0; i < count; ++i) {
@@ -18,7 +18,7 @@ void AddRow(TlotCashflowItem& target, const TlotCashflowItem& row, double sign) 
     }
 }
 
-}  // namespace
+} // namespace
 
 const TlotLoan* TlotFunding::FindEquitySourceLoan() const {
     if (EquitySource.empty()) {
@@ -35,7 +35,7 @@ TlotLoan* TlotFunding::FindEquitySourceLoan() {
 void TlotFunding::FundingCalculate(const TlotCashflowItem& cashflow, const TlotVars& vars, const TlotAdjust* adjust) {
     const double rateAdjustment = adjust == nullptr ? 0 : adjust->InterestRate.Value;
     FInflow.CopyValues(cashflow);
-    for (double& month : FInflow.Values.Span()) {
+    for (double& month : FInflow.Values.Edit()) {
         month = month > 0 ? month : 0;
     }
     TotalInterest = 0;

@@ -13,10 +13,10 @@
 class TlotFunding {
 public:
     TlotLoanList Loans;
-    double TotalInterest = 0;  ///< Of the active loans; positive is a cost.
+    double TotalInterest = 0; ///< Of the active loans; positive is a cost.
     /// Fees of the active loans as a cost. A Cash loan's fee counts against it, since it is already in its debt.
     double TotalFees = 0;
-    std::string EquitySource;  ///< Name of the loan that takes the place of the equity; empty means equity.
+    std::string EquitySource; ///< Name of the loan that takes the place of the equity; empty means equity.
 
     /// The first loan of the name EquitySource if it is active, or null.
     [[nodiscard]] TlotLoan* FindEquitySourceLoan();
@@ -34,5 +34,5 @@ public:
 private:
     void CalculateLoan(TlotLoan& loan, const TlotCashflowItem& cashflow, const TlotVars& vars, double rateAdjustment);
 
-    TlotCashflowItem FInflow;  ///< The positive months of the net cashflow, used up by the Linked loans.
+    TlotCashflowItem FInflow; ///< The positive months of the net cashflow, used up by the Linked loans.
 };

@@ -4,6 +4,7 @@
 // Totals stay as they are: inflation shows in the cashflow, not in the appraisal.
 #pragma once
 
+#include "common/vipRates.h"
 #include "engine/lotCashflow.h"
 
 #include <bitset>
@@ -21,12 +22,15 @@ inline constexpr std::size_t InflationTargetCount = 5;
 
 class TlotInflation {
 public:
-    std::bitset<InflationTargetCount> Targets;  ///< By the number of TlotInflationTarget.
-    double Rate = 0;                            ///< Percent a year.
+    std::bitset<InflationTargetCount> Targets; ///< By the number of TlotInflationTarget.
+    double Rate = 0;                           ///< Percent a year.
 
     [[nodiscard]] bool Has(TlotInflationTarget target) const { return Targets.test(static_cast<std::size_t>(target)); }
     void Set(TlotInflationTarget target, bool on) { Targets.set(static_cast<std::size_t>(target), on); }
 
-    /// Inflates the months of `item` at Rate.
-    void Inflate(TlotCashflowItem& item) const { item.Inflate(Rate); }
+    /// Inflates the months of `item` at Rate. Makes each month's factor once for all items.
+    void Inflate(TlotCashflowItem& item) { item.MultiplyMonths(FGrowth.Months(Rate, item.Count())); }
+
+private:
+    vip::TGrowthFactors FGrowth;
 };

@@ -34,7 +34,7 @@ void PrepareMonths(TlotDoubles& months, int count, double fixed) {
     }
 }
 
-}  // namespace
+} // namespace
 
 TlotLoan::TlotLoan() {
     for (TlotCashflowItem* const row : AllRows(*this)) {

@@ -24,26 +24,26 @@ enum class TlotLoanType : std::uint8_t { Standard = 0, Cash = 1, Linked = 2 };
 enum class TlotLoanSource : std::uint8_t { ProjectTotal = 0, Above = 1 };
 
 struct TlotLoanFees {
-    double Amount = 0;        ///< Money, or percent.
-    bool Percentage = false;  ///< Amount is a percentage.
-    TlotCashflowItem Line;    ///< The computed fee: negative for Standard and Linked loans, positive for Cash loans.
+    double Amount = 0;       ///< Money, or percent.
+    bool Percentage = false; ///< Amount is a percentage.
+    TlotCashflowItem Line;   ///< The computed fee: negative for Standard and Linked loans, positive for Cash loans.
 };
 
 /// The months of one calculation, all computed rows of a loan. Rows are as long as the loan's type needs them.
 struct TlotLoanRows {
-    TlotCashflowItem CashflowIn;       ///< The cashflow that the loan received.
-    TlotCashflowItem BorrowingSource;  ///< The same cashflow (Standard); the source of drawings (Linked).
-    TlotCashflowItem RolledOverDebt;   ///< Opening debt: last month's Debt and Interest.
-    TlotCashflowItem CanBorrow;        ///< Room left under Maximum.
+    TlotCashflowItem CashflowIn;      ///< The cashflow that the loan received.
+    TlotCashflowItem BorrowingSource; ///< The same cashflow (Standard); the source of drawings (Linked).
+    TlotCashflowItem RolledOverDebt;  ///< Opening debt: last month's Debt and Interest.
+    TlotCashflowItem CanBorrow;       ///< Room left under Maximum.
     TlotCashflowItem NeedToBorrow;
     TlotCashflowItem Borrowing;
     TlotCashflowItem CanRepay;
     TlotCashflowItem Repayment;
-    TlotCashflowItem Debt;            ///< Closing balance.
-    TlotCashflowItem Interest;        ///< Charged on the closing balance and rolled into next month.
-    TlotCashflowItem ExcessInterest;  ///< Cannot be rolled up because the facility is full; leaves as cash.
-    TlotCashflowItem Fees;            ///< The fee as cash, all of it in month 0.
-    TlotCashflowItem CashflowOut;     ///< The cashflow after this loan.
+    TlotCashflowItem Debt;           ///< Closing balance.
+    TlotCashflowItem Interest;       ///< Charged on the closing balance and rolled into next month.
+    TlotCashflowItem ExcessInterest; ///< Cannot be rolled up because the facility is full; leaves as cash.
+    TlotCashflowItem Fees;           ///< The fee as cash, all of it in month 0.
+    TlotCashflowItem CashflowOut;    ///< The cashflow after this loan.
     TlotCashflowItem CashflowExcludingInterest;
     TlotCashflowItem CashflowIncludingInterest;
 };
@@ -56,30 +56,30 @@ public:
 
     std::string Name;
     TlotLoanType LoanType = TlotLoanType::Standard;
-    double Amount = 0;  ///< Cash: the sum advanced at Start.
+    double Amount = 0; ///< Cash: the sum advanced at Start.
     bool Active = true;
-    double BorrowPercentage = 0;  ///< Of each month's outflow (Standard), of the Base (Linked).
-    double RepayPercentage = 0;   ///< Of each month's inflow (Standard).
+    double BorrowPercentage = 0; ///< Of each month's outflow (Standard), of the Base (Linked).
+    double RepayPercentage = 0;  ///< Of each month's inflow (Standard).
     bool VariablePercentage = false;
     TlotLoanSource LoanSource = TlotLoanSource::ProjectTotal;
-    TlotDoubles BorrowPercentages;  ///< Percent, one a month.
-    TlotDoubles RepayPercentages;   ///< Percent, one a month.
-    double Maximum = 0;             ///< Size of the facility, positive; 0 means no limit.
-    std::string Base;               ///< Linked: names of variables joined by "+".
-    int Start = 0;                  ///< Cash: month of the advance.
-    int Period = 0;                 ///< Cash: length in months; 0 or less means to the end of the cashflow.
+    TlotDoubles BorrowPercentages; ///< Percent, one a month.
+    TlotDoubles RepayPercentages;  ///< Percent, one a month.
+    double Maximum = 0;            ///< Size of the facility, positive; 0 means no limit.
+    std::string Base;              ///< Linked: names of variables joined by "+".
+    int Start = 0;                 ///< Cash: month of the advance.
+    int Period = 0;                ///< Cash: length in months; 0 or less means to the end of the cashflow.
     bool VariableRate = false;
     TlotLoanFees LoanFees;
-    TlotDoubles InterestRates;  ///< Percent a year, one a month.
+    TlotDoubles InterestRates; ///< Percent a year, one a month.
     TlotDoubles StoredInterestRates;
-    TlotSADouble InterestRate;  ///< Percent a year.
+    TlotSADouble InterestRate; ///< Percent a year.
 
-    double TotalInterest = 0;  ///< Positive for a debt.
+    double TotalInterest = 0; ///< Positive for a debt.
     double TotalBorrowed = 0;
-    double MaximumDebt = 0;  ///< The most negative Debt, never above 0.
+    double MaximumDebt = 0; ///< The most negative Debt, never above 0.
     double NPVExcludingInterest = 0;
     double NPVIncludingInterest = 0;
-    double IRRExcludingInterest = 0;  ///< Percent a year.
+    double IRRExcludingInterest = 0; ///< Percent a year.
     double IRRIncludingInterest = 0;
 
     /// Empties every row and the fee, and sets the totals but TotalBorrowed, which the calculators set, to 0.

@@ -10,7 +10,7 @@ void TlotLoanCalcStandardEnhanced::Calculate(const TlotCashflowItem& cashflow, d
     const auto in = FLoan.CashflowIn.Values.Span();
     const auto borrowing = FLoan.Borrowing.Values.Span();
     const auto repayment = FLoan.Repayment.Values.Span();
-    const auto out = FLoan.CashflowOut.Values.Span();
+    const auto out = FLoan.CashflowOut.Values.Edit();
     for (std::size_t i = 0; i < out.size(); ++i) {
         out[i] = in[i] + borrowing[i] - repayment[i];
     }
@@ -37,15 +37,15 @@ void TlotLoanCalcStandardEnhanced::Prepare(const TlotCashflowItem& cashflow) {
 
 void TlotLoanCalcStandardEnhanced::RunMonths(double rateAdjustment) {
     const auto c = FLoan.CashflowIn.Values.Span();
-    const auto rolledOver = FLoan.RolledOverDebt.Values.Span();
-    const auto canBorrow = FLoan.CanBorrow.Values.Span();
-    const auto need = FLoan.NeedToBorrow.Values.Span();
-    const auto borrowing = FLoan.Borrowing.Values.Span();
-    const auto canRepay = FLoan.CanRepay.Values.Span();
-    const auto repayment = FLoan.Repayment.Values.Span();
-    const auto debt = FLoan.Debt.Values.Span();
-    const auto interest = FLoan.Interest.Values.Span();
-    const auto excess = FLoan.ExcessInterest.Values.Span();
+    const auto rolledOver = FLoan.RolledOverDebt.Values.Edit();
+    const auto canBorrow = FLoan.CanBorrow.Values.Edit();
+    const auto need = FLoan.NeedToBorrow.Values.Edit();
+    const auto borrowing = FLoan.Borrowing.Values.Edit();
+    const auto canRepay = FLoan.CanRepay.Values.Edit();
+    const auto repayment = FLoan.Repayment.Values.Edit();
+    const auto debt = FLoan.Debt.Values.Edit();
+    const auto interest = FLoan.Interest.Values.Edit();
+    const auto excess = FLoan.ExcessInterest.Values.Edit();
     const double maximum = FLoan.Maximum;
 
     for (std::size_t i = 0; i < c.size(); ++i) {

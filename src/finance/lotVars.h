@@ -13,14 +13,14 @@
 
 struct TlotVariable {
     std::string Name;
-    const TlotCashflowItem* Line = nullptr;  ///< Not owned.
+    const TlotCashflowItem* Line = nullptr; ///< Not owned.
 };
 
 /// Some variables and a factor: month by month, their sum, lines of income counted against it, times the factor.
 class TlotSource {
 public:
     double Factor = 0;
-    std::vector<const TlotCashflowItem*> Lines;  ///< Not owned.
+    std::vector<const TlotCashflowItem*> Lines; ///< Not owned.
 
     [[nodiscard]] double Value(int month) const;
 };

@@ -159,7 +159,7 @@ std::string_view TextOf(const std::array<std::string_view, 5>& texts, TlotDimens
     return index < texts.size() ? texts.at(index) : std::string_view();
 }
 
-}  // namespace
+} // namespace
 
 std::string_view DimensionsShortText(TlotDimensions dimensions) noexcept {
     return TextOf({"sq. ft", "sq. m", "acres", "ha", "units"}, dimensions);

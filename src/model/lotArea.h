@@ -63,7 +63,7 @@ public:
     TlotAreaSchedule(const TlotAreaSchedule&) = delete;
     TlotAreaSchedule& operator=(const TlotAreaSchedule&) = delete;
 
-    int Current = -1;  ///< Index of the row last added or inserted.
+    int Current = -1; ///< Index of the row last added or inserted.
 
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(FAreas.size()); }
     [[nodiscard]] TlotArea& operator[](int index) { return *FAreas.at(static_cast<std::size_t>(index)); }

@@ -25,7 +25,7 @@ constexpr std::array<TShapeKeyword, 7> ShapeKeywords = {{
     {"GROUP", &TlotBaseValues::Group},
 }};
 
-}  // namespace
+} // namespace
 
 void TlotItem::Value(TlotBaseValues& baseValues) {
     Error = false;

@@ -20,14 +20,14 @@ public:
     TlotItem(const TlotItem&) = delete;
     TlotItem& operator=(const TlotItem&) = delete;
 
-    TlotCashflowItem Line;    ///< Its Amount is the item's value.
-    TSADouble Amount;         ///< Money, or percent where Percentage is set.
-    std::string Name;         ///< A first letter "#" makes it a sub-heading.
-    std::string BaseFormula;  ///< Read where Percentage or Link is set.
-    bool Link = false;        ///< Takes its monthly shape from the lines of its base.
+    TlotCashflowItem Line;   ///< Its Amount is the item's value.
+    TSADouble Amount;        ///< Money, or percent where Percentage is set.
+    std::string Name;        ///< A first letter "#" makes it a sub-heading.
+    std::string BaseFormula; ///< Read where Percentage or Link is set.
+    bool Link = false;       ///< Takes its monthly shape from the lines of its base.
     std::string AccountCode;
-    double Base = 0;     ///< Calculated: what BaseFormula was worth when it was last read.
-    bool Error = false;  ///< Calculated: the formula was refused or failed, and the value is 0.
+    double Base = 0;    ///< Calculated: what BaseFormula was worth when it was last read.
+    bool Error = false; ///< Calculated: the formula was refused or failed, and the value is 0.
     bool Percentage = false;
     bool DisplayRatio = false;
 
@@ -54,8 +54,8 @@ public:
     TlotCashflowItem Total;
     std::string Name;
     std::string Group;
-    std::string DefaultBase;  ///< Base of a new percentage item.
-    bool Income = false;      ///< Money in: the total adds to NDV, otherwise to TDC.
+    std::string DefaultBase; ///< Base of a new percentage item.
+    bool Income = false;     ///< Money in: the total adds to NDV, otherwise to TDC.
 
     TlotItem& AddItem() { return *Items.emplace_back(std::make_unique<TlotItem>()); }
 

@@ -49,21 +49,21 @@ public:
 
     TlotUnitTypeList UnitTypes;
     TlotUnitList Units;
-    TlotGroupList Groups;  ///< Calculated from the names that sections give.
+    TlotGroupList Groups; ///< Calculated from the names that sections give.
     TlotSectionList Sections;
     TlotFinance Finance;
     TlotFunding Funding;
     TlotInflation Inflation;
-    TlotCashflow Cashflow;  ///< Calculated.
+    TlotCashflow Cashflow; ///< Calculated.
     TlotEquity Equity;
     TlotBaseValues BaseValues;
-    TlotAdjust Adjust;  ///< Not stored.
-    TlotVars Vars;      ///< Calculated.
+    TlotAdjust Adjust; ///< Not stored.
+    TlotVars Vars;     ///< Calculated.
 
     std::string Address;
     std::string PictureFileName;
     TlotNPVIRRSource NPVIRRSource = TlotNPVIRRSource::Equity;
-    double MinSiteValue = -10'000'000;  ///< Edited and stored; no search reads it.
+    double MinSiteValue = -10'000'000; ///< Edited and stored; no search reads it.
     double MaxSiteValue = 1'000'000'000;
     bool CalcNegativeSiteValue = false;
     std::string CostGroupPageBreak = "Sales Costs";
@@ -86,24 +86,24 @@ public:
     std::string ResidualTitle = "Residual Valuation";
     std::string Name;
     std::string Recipient;
-    std::string Notes;  ///< Lines end in CR LF, here and in the other texts of many lines.
+    std::string Notes; ///< Lines end in CR LF, here and in the other texts of many lines.
     TlotRentalValues RentalValues = TlotRentalValues::Annual;
     std::string AppraisalNotes;
     double StartDate = 0;
     std::string SiteGroup;
     std::string ConstructionGroup;
-    double TotalRent = 0;        ///< Calculated: ERV of the capitalised units.
-    double TotalGroundRent = 0;  ///< A year's ground rent.
+    double TotalRent = 0;       ///< Calculated: ERV of the capitalised units.
+    double TotalGroundRent = 0; ///< A year's ground rent.
     bool Leasehold = false;
-    double LeaseTerm = 0;      ///< Years.
-    double TotalInterest = 0;  ///< Calculated: finance cost.
+    double LeaseTerm = 0;     ///< Years.
+    double TotalInterest = 0; ///< Calculated: finance cost.
     double NetSiteArea = 0;
     TlotSiteAreaUnits SiteAreaUnits = TlotSiteAreaUnits::Acres;
-    double SiteValuePerArea = 0;     ///< Calculated.
-    double TDC = 0;                  ///< Calculated: total development cost.
-    double GDV = 0;                  ///< Calculated: gross development value.
-    double NDV = 0;                  ///< Calculated: net development value.
-    double ResidualTargetValue = 0;  ///< Percent.
+    double SiteValuePerArea = 0;    ///< Calculated.
+    double TDC = 0;                 ///< Calculated: total development cost.
+    double GDV = 0;                 ///< Calculated: gross development value.
+    double NDV = 0;                 ///< Calculated: net development value.
+    double ResidualTargetValue = 0; ///< Percent.
     TlotResidualTarget ResidualTarget = TlotResidualTarget::NoTarget;
 
     /// Empties the inputs for another project and leaves the settings that outlive one: deliberately a part of them.

@@ -30,7 +30,7 @@ std::int32_t CoverMonths(double profit, double yearly) noexcept {
     return static_cast<std::int32_t>(months < least ? least : (months > most ? most : months));
 }
 
-}  // namespace
+} // namespace
 
 void TlotProject::Calculate() {
     CalculateUnitAreas();

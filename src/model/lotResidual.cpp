@@ -13,8 +13,7 @@ constexpr double SiteValueTolerance = 0.0001;
 constexpr double FarSiteValue = 1'000'000'000;
 
 /// Drives `solver` over the project's site value; `measure` reads what each trial gave.
-template <class Measure>
-double Solve(TlotProject& project, VBisect& solver, Measure measure) {
+template <class Measure> double Solve(TlotProject& project, VBisect& solver, Measure measure) {
     while (solver.Running()) {
         project.BaseValues.SiteValue.Amount = solver.Middle();
         project.Calculate();
@@ -48,7 +47,7 @@ VBisect SecondStage(const TlotProject& project, double measure, double target) {
     return solver;
 }
 
-}  // namespace
+} // namespace
 
 double TlotProject::SolveSiteValue(std::string_view keyword, double target) {
     const double* const figure = BaseValues.Evaluator.FindVar(keyword);

@@ -18,7 +18,7 @@ double Factor(double percent) noexcept {
     return percent / 100 + 1;
 }
 
-}  // namespace
+} // namespace
 
 int RentsAYear(TlotRentalValues rentalValues) noexcept {
     switch (rentalValues) {

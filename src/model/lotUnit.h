@@ -33,35 +33,35 @@ public:
 
     TlotAreaSchedule Areas;
     TlotCashflowItem BuildLine;
-    TlotCashflowItem RentLine;  ///< Its amount is a month's rent.
+    TlotCashflowItem RentLine; ///< Its amount is a month's rent.
     TlotCashflowItem SalesLine;
-    TlotSADouble BuildRate;  ///< Money per unit of build area.
+    TlotSADouble BuildRate; ///< Money per unit of build area.
     TlotSADouble BuildArea;
-    TlotSADouble ERV;           ///< Calculated: rent of one rental period.
-    TlotSADouble Yield;         ///< Percent.
-    TlotSADouble GrossSale;     ///< Calculated.
-    TlotSADouble NetSale;       ///< Calculated: less purchaser's costs.
-    double YearsPurchase = 0;   ///< Calculated.
-    double RentFreeFactor = 0;  ///< Calculated: the deferment; 0 where there is no rent-free period.
+    TlotSADouble ERV;          ///< Calculated: rent of one rental period.
+    TlotSADouble Yield;        ///< Percent.
+    TlotSADouble GrossSale;    ///< Calculated.
+    TlotSADouble NetSale;      ///< Calculated: less purchaser's costs.
+    double YearsPurchase = 0;  ///< Calculated.
+    double RentFreeFactor = 0; ///< Calculated: the deferment; 0 where there is no rent-free period.
     std::string Name;
-    std::int32_t Number = 0;  ///< Second sort key; enters no sum.
+    std::int32_t Number = 0; ///< Second sort key; enters no sum.
     std::string UnitType;
-    std::int32_t UnitTypeIndex = 0;  ///< Calculated: -1 where UnitType isn't known.
+    std::int32_t UnitTypeIndex = 0; ///< Calculated: -1 where UnitType isn't known.
     TlotDimensions Dimensions = TlotDimensions::SquareFeet;
-    double TotalArea = 0;   ///< Calculated.
-    double TotalValue = 0;  ///< Calculated: sum of the schedule after the sales adjustment.
+    double TotalArea = 0;  ///< Calculated.
+    double TotalValue = 0; ///< Calculated: sum of the schedule after the sales adjustment.
     bool IsCapitalised = false;
     std::string BuildAccountCode;
     std::string SalesAccountCode;
     std::string RentAccountCode;
-    std::int32_t RentFreePeriod = 0;  ///< Months.
-    bool RentAtERV = false;           ///< The rent before sale is the ERV.
-    double PreSalesRent = 0;          ///< A year's rent before sale where it isn't.
-    double GroundRent = 0;            ///< Calculated: this unit's share.
-    double NetRent = 0;               ///< Calculated: ERV less GroundRent.
+    std::int32_t RentFreePeriod = 0; ///< Months.
+    bool RentAtERV = false;          ///< The rent before sale is the ERV.
+    double PreSalesRent = 0;         ///< A year's rent before sale where it isn't.
+    double GroundRent = 0;           ///< Calculated: this unit's share.
+    double NetRent = 0;              ///< Calculated: ERV less GroundRent.
     TlotYPFrequency YPFrequency = TlotYPFrequency::AnnuallyInArrears;
-    double PurchCosts = 0;       ///< Percent.
-    double PurchCostsValue = 0;  ///< Calculated: GrossSale less NetSale.
+    double PurchCosts = 0;      ///< Percent.
+    double PurchCostsValue = 0; ///< Calculated: GrossSale less NetSale.
 
     /// Totals from the schedule; `adjust` may be null, here and below.
     void CalculateValue(const TlotAdjust* adjust);

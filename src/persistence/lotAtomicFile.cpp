@@ -116,7 +116,7 @@ fs::path Target(const std::string& fileName) {
     return target;
 }
 
-}  // namespace
+} // namespace
 
 bool IsReadOnlyFile(const std::string& fileName) {
     std::error_code error;

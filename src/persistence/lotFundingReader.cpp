@@ -40,7 +40,7 @@ std::int32_t LoanMonth(const TlotElement& e, const char* name) {
     return month;
 }
 
-}  // namespace
+} // namespace
 
 void TlotProjectReader::ReadFunding(const TlotElement& e) {
     for (const pugi::xml_node child : e.Node().children()) {

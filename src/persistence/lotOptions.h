@@ -6,9 +6,9 @@
 #include "model/lotUnit.h"
 
 struct TlotOptions {
-    double PurchasersCosts = 5.75;  ///< New unit, percent.
-    double TargetProfit = 15;       ///< New project, percent on cost; 0 means no residual target.
-    double InterestRate = 6;        ///< New project, percent a year.
+    double PurchasersCosts = 5.75; ///< New unit, percent.
+    double TargetProfit = 15;      ///< New project, percent on cost; 0 means no residual target.
+    double InterestRate = 6;       ///< New project, percent a year.
     TlotRentalValues RentalValues = TlotRentalValues::Annual;
     TlotYPFrequency YPFrequency = TlotYPFrequency::AnnuallyInArrears;
     TlotDimensions Dimensions = TlotDimensions::SquareFeet;

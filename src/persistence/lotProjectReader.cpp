@@ -14,7 +14,7 @@ bool IsElement(pugi::xml_node node) {
     return node.type() == pugi::node_element;
 }
 
-}  // namespace
+} // namespace
 
 void TlotProjectReader::Read(pugi::xml_node node) {
     const TlotElement project = Element(node);
@@ -104,7 +104,7 @@ void TlotProjectReader::ReadShowFlags(const TlotElement& e) {
 
 void TlotProjectReader::ReadUnitTypes(const TlotElement& project) {
     if (FVersion < 10) {
-        return;  // A cleared project has the default types, which is what such files mean.
+        return; // A cleared project has the default types, which is what such files mean.
     }
     FProject.UnitTypes.Items.clear();
     for (const pugi::xml_node child : project.Node().children()) {

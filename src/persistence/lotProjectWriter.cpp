@@ -102,7 +102,7 @@ void WriteLoan(TlotElementWriter e, const TlotLoan& loan) {
     fees.Boolean("Percentage", loan.LoanFees.Percentage);
 }
 
-}  // namespace
+} // namespace
 
 void TlotProjectWriter::Write(TlotElementWriter e) {
     WriteAttributes(e);

@@ -52,7 +52,7 @@ int RootCount(const pugi::xml_document& document) {
     return count;
 }
 
-}  // namespace
+} // namespace
 
 TlotReader::TlotReader(bool editionFlag, const TNumberLocale& locale, double today)
     : FEditionFlag(editionFlag), FLocale(locale), FToday(today) {}

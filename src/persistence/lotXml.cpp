@@ -23,7 +23,7 @@ std::optional<bool> ReadBoolean(std::string_view text) {
     return number ? std::optional(*number != 0) : std::nullopt;
 }
 
-}  // namespace
+} // namespace
 
 bool TlotElement::Is(std::string_view name) const {
     return vip::SameText(FNode.name(), name);

@@ -18,7 +18,7 @@ public:
 
     [[nodiscard]] pugi::xml_node Node() const noexcept { return FNode; }
     [[nodiscard]] const TNumberLocale& Locale() const noexcept { return FLocale; }
-    [[nodiscard]] bool Is(std::string_view name) const;  ///< Without regard to case.
+    [[nodiscard]] bool Is(std::string_view name) const; ///< Without regard to case.
     [[nodiscard]] bool Has(const char* name) const { return !FNode.attribute(name).empty(); }
 
     [[nodiscard]] std::string Text(const char* name) const { return FNode.attribute(name).value(); }
@@ -29,8 +29,7 @@ public:
     [[nodiscard]] std::int32_t Integer(const char* name) const;
     [[nodiscard]] std::int32_t Integer(const char* name, std::int32_t absent) const;
     /// An integer for a stored enumeration of 8 bits; what doesn't fit gives 255, which no enumeration knows.
-    template <class Enum>
-    [[nodiscard]] Enum Enumeration(const char* name) const {
+    template <class Enum> [[nodiscard]] Enum Enumeration(const char* name) const {
         return static_cast<Enum>(ByteOf(Integer(name)));
     }
     /// "true" and "false" in any case, or a plain number that isn't 0; anything else is false.
@@ -68,10 +67,7 @@ public:
     void Text(const char* name, const std::string& value) { FNode.append_attribute(name).set_value(value.c_str()); }
     void Number(const char* name, double value) { Text(name, vip::NumberToText(value, FLocale)); }
     void Integer(const char* name, int value) { FNode.append_attribute(name).set_value(value); }
-    template <class Enum>
-    void Enumeration(const char* name, Enum value) {
-        Integer(name, static_cast<int>(value));
-    }
+    template <class Enum> void Enumeration(const char* name, Enum value) { Integer(name, static_cast<int>(value)); }
     void Boolean(const char* name, bool value) { Text(name, value ? "TRUE" : "FALSE"); }
     /// The other form of a boolean, "True" or "False".
     void MixedCaseBoolean(const char* name, bool value) { Text(name, value ? "True" : "False"); }

@@ -18,7 +18,7 @@ std::string CheckMeasure(const std::string& measure) {
     return measure + " is no measure; try PROFIT, PROFITONCOST, PROFITONGDV, PROFITONNDV, RENTALYIELD or IRR";
 }
 
-}  // namespace
+} // namespace
 
 CLI::App* TSolveCommand::Register(CLI::App& app) {
     CLI::App* const command = app.add_subcommand("solve", "Solve the site value that gives a measure");

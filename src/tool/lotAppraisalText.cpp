@@ -243,7 +243,7 @@ void TAppraisalPrinter::PrintYears() {
     FText += table.Text(Indent);
 }
 
-}  // namespace
+} // namespace
 
 std::string AppraisalText(const TlotProject& project, const TNumberLocale& locale) {
     return TAppraisalPrinter(project, locale).Print();

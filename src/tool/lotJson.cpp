@@ -166,7 +166,7 @@ ordered_json Equity(const TlotEquity& equity) {
             {"TotalCash", equity.TotalCash}};
 }
 
-}  // namespace
+} // namespace
 
 ordered_json ProjectJson(const TlotProject& project) {
     ordered_json json;

@@ -15,7 +15,7 @@ std::size_t WidthOf(const std::string& text) {
     return width;
 }
 
-}  // namespace
+} // namespace
 
 std::vector<std::size_t> TTextTable::Widths() const {
     std::vector<std::size_t> widths;

@@ -44,7 +44,7 @@ TToolExit RunCommand(TToolCommand& command, TToolSession& session) {
     return TToolExit::Refused;
 }
 
-}  // namespace
+} // namespace
 
 TToolExit RunTool(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
     CLI::App app{"lotcalc: property development appraisals without a window", "lotcalc"};

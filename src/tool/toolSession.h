@@ -26,7 +26,7 @@ class TToolMessages final : public TlotMessageService {
 public:
     explicit TToolMessages(std::ostream& err) : FErr(err) {}
 
-    std::string Subject;  ///< The file that messages are about.
+    std::string Subject; ///< The file that messages are about.
 
     void Show(TlotMessageKind kind, std::string_view text) override;
     /// Tells a failure, naming the subject unless the text does.
