@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-//
-// The reader's walk of loans and the equity, whose forms changed most between file versions.
+#include "persistence/lotFundingReader.h"
+
 #include "common/vipErrors.h"
 #include "persistence/lotLimits.h"
-#include "persistence/lotProjectReader.h"
 
 #include <algorithm>
 
@@ -30,29 +29,19 @@ void ReadValueArray(const TlotElement& e, TlotDoubles& values) {
     }
 }
 
-/// A loan's month may lie before the project, where its calculation is refused, but not beyond all bounds.
-std::int32_t LoanMonth(const TlotElement& e, const char* name) {
-    const std::int32_t month = e.Integer(name);
-    if (month > lotLimits::Months) {
-        throw EFileError(e.Place() + ", " + name + ": " + std::to_string(month) + " is more than " +
-                         std::to_string(lotLimits::Months) + " months");
-    }
-    return month;
-}
-
 } // namespace
 
-void TlotProjectReader::ReadFunding(const TlotElement& e) {
+void TlotFundingReader::ReadFunding(const TlotElement& e, TlotFunding& funding) {
     for (const pugi::xml_node child : e.Node().children()) {
-        if (child.type() == pugi::node_element && Element(child).Is("Loan")) {
-            ReadLoan(Element(child));
+        if (child.type() == pugi::node_element && FContext.Element(child).Is("Loan")) {
+            ReadLoan(FContext.Element(child), funding);
         }
     }
 }
 
-void TlotProjectReader::ReadLoan(const TlotElement& e) {
-    CountObject(e);
-    TlotLoan& loan = FProject.Funding.Loans.Add();
+void TlotFundingReader::ReadLoan(const TlotElement& e, TlotFunding& funding) {
+    FContext.CountObject(e);
+    TlotLoan& loan = funding.Loans.Add();
     loan.Name = e.Text("Name");
     loan.Active = e.Boolean("Active", true);
     loan.InterestRate.Value = e.Number("InterestRate");
@@ -63,7 +52,7 @@ void TlotProjectReader::ReadLoan(const TlotElement& e) {
         if (node.type() != pugi::node_element) {
             continue;
         }
-        const TlotElement child = Element(node);
+        const TlotElement child = FContext.Element(node);
         if (child.Is("InterestRates")) {
             ReadValueArray(child, loan.InterestRates);
         } else if (child.Is("Borrow")) {
@@ -74,14 +63,15 @@ void TlotProjectReader::ReadLoan(const TlotElement& e) {
             loan.LoanFees.Amount = child.Number("Amount");
             loan.LoanFees.Percentage = child.Boolean("Percentage");
         } else if (child.Is("Borrowing")) {
-            ReadSpread(child, loan.Borrowing);
+            FContext.ReadSpread(child, loan.Borrowing);
         }
     }
-    FLongest = std::max({FLongest, loan.InterestRates.Count(), loan.Start + std::max(loan.Period, 0)});
+    FContext.SeeMonth(loan.InterestRates.Count());
+    FContext.SeeMonth(loan.Start + std::max(loan.Period, 0));
 }
 
-void TlotProjectReader::ReadLoanTerms(const TlotElement& e, TlotLoan& loan) const {
-    if (FVersion < 4) {
+void TlotFundingReader::ReadLoanTerms(const TlotElement& e, TlotLoan& loan) const {
+    if (FContext.Version < 4) {
         const double borrowing = e.Number("Borrowing");
         if (e.Boolean("Percentage")) {
             loan.LoanType = TlotLoanType::Standard;
@@ -93,7 +83,7 @@ void TlotProjectReader::ReadLoanTerms(const TlotElement& e, TlotLoan& loan) cons
         }
         return;
     }
-    if (FVersion < 11) {
+    if (FContext.Version < 11) {
         loan.BorrowPercentage = e.Number("Percentage");
         loan.RepayPercentage = loan.BorrowPercentage;
     } else {
@@ -105,20 +95,19 @@ void TlotProjectReader::ReadLoanTerms(const TlotElement& e, TlotLoan& loan) cons
     loan.Amount = e.Number("Amount");
     loan.Maximum = e.Number("Maximum");
     loan.Base = e.Text("Base");
-    loan.Start = LoanMonth(e, "Start");
-    loan.Period = LoanMonth(e, "Period");
+    loan.Start = FContext.LoanMonth(e, "Start");
+    loan.Period = FContext.LoanMonth(e, "Period");
 }
 
-void TlotProjectReader::ReadEquity(const TlotElement& e) {
-    TlotEquity& equity = FProject.Equity;
+void TlotFundingReader::ReadEquity(const TlotElement& e, TlotEquity& equity) {
     equity.DiscountRate = e.Number("DiscountRate");
     equity.InterestRate.Value = e.Number("InterestRate");
     equity.CreditInterestRate = e.Number("CreditInterestRate");
     equity.VariableRate = e.Boolean("VariableRate");
-    if (FVersion >= 2) {
+    if (FContext.Version >= 2) {
         equity.NPVIRRIncludesInterest = e.Boolean("NPVIRRIncludesInterest");
     }
     if (const pugi::xml_node rates = e.Node().child("InterestRates")) {
-        ReadValueArray(Element(rates), equity.InterestRates);
+        ReadValueArray(FContext.Element(rates), equity.InterestRates);
     }
 }

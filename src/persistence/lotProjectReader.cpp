@@ -4,7 +4,7 @@
 #include "common/vipDate.h"
 #include "common/vipErrors.h"
 #include "common/vipText.h"
-#include "persistence/lotLimits.h"
+#include "persistence/lotFundingReader.h"
 
 #include <algorithm>
 
@@ -17,18 +17,18 @@ bool IsElement(pugi::xml_node node) {
 } // namespace
 
 void TlotProjectReader::Read(pugi::xml_node node) {
-    const TlotElement project = Element(node);
+    const TlotElement project = FContext.Element(node);
     ReadAttributes(project);
     ReadUnitTypes(project);
-    if (FVersion < 2) {
+    if (FContext.Version < 2) {
         FProject.Equity.NPVIRRIncludesInterest = true;
     }
     for (const pugi::xml_node child : node.children()) {
         if (IsElement(child)) {
-            ReadChild(Element(child));
+            ReadChild(FContext.Element(child));
         }
     }
-    CheckSize();
+    FContext.CheckSize(FProject);
 }
 
 void TlotProjectReader::ReadAttributes(const TlotElement& e) {
@@ -53,7 +53,7 @@ void TlotProjectReader::ReadAttributes(const TlotElement& e) {
 void TlotProjectReader::ReadStartDate(const TlotElement& e) {
     try {
         const double date = vip::DateFromFile(e.Text("StartDate"));
-        FProject.StartDate = date == 0 ? FToday : date;
+        FProject.StartDate = date == 0 ? FContext.Today : date;
     } catch (const EConvertError& error) {
         throw EConvertError(e.Place() + ", StartDate: '" + e.Text("StartDate") + "': " + error.what());
     }
@@ -65,7 +65,7 @@ void TlotProjectReader::ReadSiteAndResidual(const TlotElement& e) {
     site.AccountCode = e.Text("SiteValueAccountCode");
     FProject.NetSiteArea = e.Number("NetSiteArea");
     FProject.SiteAreaUnits = e.Enumeration<TlotSiteAreaUnits>("SiteAreaUnits");
-    if (FVersion >= 0.9) {
+    if (FContext.Version >= 0.9) {
         FProject.ResidualTargetValue = e.Number("ResidualTargetValue");
         FProject.ResidualTarget = e.Enumeration<TlotResidualTarget>("ResidualTarget");
     } else {
@@ -90,7 +90,7 @@ void TlotProjectReader::ReadReportSettings(const TlotElement& e) {
 }
 
 void TlotProjectReader::ReadShowFlags(const TlotElement& e) {
-    const bool all = FVersion < 0.9;
+    const bool all = FContext.Version < 0.9;
     FProject.ShowProfitOnCost = all || e.Boolean("ShowProfitOnCost");
     FProject.ShowProfitOnGDV = all || e.Boolean("ShowProfitOnGDV");
     FProject.ShowProfitOnNDV = all || e.Boolean("ShowProfitOnNDV");
@@ -103,22 +103,22 @@ void TlotProjectReader::ReadShowFlags(const TlotElement& e) {
 }
 
 void TlotProjectReader::ReadUnitTypes(const TlotElement& project) {
-    if (FVersion < 10) {
+    if (FContext.Version < 10) {
         return; // A cleared project has the default types, which is what such files mean.
     }
     FProject.UnitTypes.Items.clear();
     for (const pugi::xml_node child : project.Node().children()) {
-        if (IsElement(child) && Element(child).Is("UnitType")) {
-            CountObject(Element(child));
-            FProject.UnitTypes.Items.push_back({Element(child).Text("Name")});
+        if (IsElement(child) && FContext.Element(child).Is("UnitType")) {
+            FContext.CountObject(FContext.Element(child));
+            FProject.UnitTypes.Items.push_back({FContext.Element(child).Text("Name")});
         }
     }
 }
 
 void TlotProjectReader::ReadChild(const TlotElement& e) {
-    if (e.Is("Finance") && FVersion < 0.9) {
+    if (e.Is("Finance") && FContext.Version < 0.9) {
         FProject.Equity.InterestRate.Value = e.Number("InterestRate");
-    } else if (e.Is("Cashflow") && FVersion < 0.9) {
+    } else if (e.Is("Cashflow") && FContext.Version < 0.9) {
         FProject.Equity.DiscountRate = e.Number("DiscountRate");
     } else if (e.Is("Notes")) {
         FProject.Notes = vip::NormaliseLineBreaks(e.Content());
@@ -127,13 +127,13 @@ void TlotProjectReader::ReadChild(const TlotElement& e) {
     } else if (e.Is("Address")) {
         FProject.Address = vip::NormaliseLineBreaks(e.Content());
     } else if (e.Is("SiteValue")) {
-        ReadSpread(e, FProject.BaseValues.SiteValue);
+        FContext.ReadSpread(e, FProject.BaseValues.SiteValue);
     } else if (e.Is("Section")) {
         ReadSection(e);
     } else if (e.Is("Funding")) {
-        ReadFunding(e);
+        TlotFundingReader(FContext).ReadFunding(e, FProject.Funding);
     } else if (e.Is("Equity")) {
-        ReadEquity(e);
+        TlotFundingReader(FContext).ReadEquity(e, FProject.Equity);
     } else if (e.Is("Inflation")) {
         ReadInflation(e);
     } else if (e.Is("Unit")) {
@@ -142,7 +142,7 @@ void TlotProjectReader::ReadChild(const TlotElement& e) {
 }
 
 void TlotProjectReader::ReadUnit(const TlotElement& e) {
-    CountObject(e);
+    FContext.CountObject(e);
     TlotUnit& unit = FProject.Units.Add();
     unit.Name = e.Text("Name");
     unit.Number = e.Integer("Number");
@@ -164,7 +164,7 @@ void TlotProjectReader::ReadUnit(const TlotElement& e) {
 }
 
 void TlotProjectReader::ReadUnitType(const TlotElement& e, TlotUnit& unit) const {
-    if (FVersion >= 10) {
+    if (FContext.Version >= 10) {
         unit.UnitType = e.Text("UnitType");
         unit.IsCapitalised = e.Boolean("IsCapitalised");
         return;
@@ -181,15 +181,15 @@ void TlotProjectReader::ReadUnitChildren(const TlotElement& e, TlotUnit& unit) {
         if (!IsElement(node)) {
             continue;
         }
-        const TlotElement child = Element(node);
+        const TlotElement child = FContext.Element(node);
         if (child.Is("Build")) {
-            ReadSpread(child, unit.BuildLine);
+            FContext.ReadSpread(child, unit.BuildLine);
         } else if (child.Is("Sales")) {
-            ReadSpread(child, unit.SalesLine);
+            FContext.ReadSpread(child, unit.SalesLine);
         } else if (child.Is("Rent")) {
-            ReadSpread(child, unit.RentLine);
+            FContext.ReadSpread(child, unit.RentLine);
         } else if (child.Is("Area")) {
-            CountObject(child);
+            FContext.CountObject(child);
             TlotArea& area = unit.Areas.Add();
             area.Description = child.Text("Description");
             area.SetZoning(child.Number("Zoning"));
@@ -202,21 +202,21 @@ void TlotProjectReader::ReadUnitChildren(const TlotElement& e, TlotUnit& unit) {
 }
 
 void TlotProjectReader::ReadSection(const TlotElement& e) {
-    CountObject(e);
+    FContext.CountObject(e);
     TlotSection& section = *FProject.Sections.emplace_back(std::make_unique<TlotSection>());
     section.Name = e.Text("Name");
     section.Group = e.Text("Group");
     section.Income = e.Boolean("Income");
     section.DefaultBase = e.Text("DefaultBase");
     for (const pugi::xml_node child : e.Node().children()) {
-        if (IsElement(child) && Element(child).Is("Item")) {
-            ReadItem(Element(child), section);
+        if (IsElement(child) && FContext.Element(child).Is("Item")) {
+            ReadItem(FContext.Element(child), section);
         }
     }
 }
 
 void TlotProjectReader::ReadItem(const TlotElement& e, TlotSection& section) {
-    CountObject(e);
+    FContext.CountObject(e);
     TlotItem& item = section.AddItem();
     item.Name = e.Text("Name");
     item.Amount.Value = e.Number("Amount");
@@ -227,15 +227,15 @@ void TlotProjectReader::ReadItem(const TlotElement& e, TlotSection& section) {
     item.DisplayRatio = e.Boolean("DisplayRatio", e.Boolean("PercentageOfGDV", true));
     item.AccountCode = e.Text("AccountCode");
     for (const pugi::xml_node child : e.Node().children()) {
-        if (IsElement(child) && Element(child).Is("Value")) {
-            ReadSpread(Element(child), item.Line);
+        if (IsElement(child) && FContext.Element(child).Is("Value")) {
+            FContext.ReadSpread(FContext.Element(child), item.Line);
         }
     }
 }
 
 void TlotProjectReader::ReadInflation(const TlotElement& e) {
     FProject.Inflation.Rate = e.Number("Rate");
-    const TlotElement targets = Element(e.Node().child("Targets"));
+    const TlotElement targets = FContext.Element(e.Node().child("Targets"));
     const auto set = [&](TlotInflationTarget target, const char* name) {
         FProject.Inflation.Set(target, targets.Boolean(name));
     };
@@ -244,37 +244,4 @@ void TlotProjectReader::ReadInflation(const TlotElement& e) {
     set(TlotInflationTarget::CommercialSales, "CommercialSales");
     set(TlotInflationTarget::ResidentialSales, "ResidentialSales");
     set(TlotInflationTarget::NonCapitalisedSales, "NonCapitalisedSales");
-}
-
-void TlotProjectReader::ReadSpread(const TlotElement& e, TlotCashflowItem& line) {
-    line.Start = e.Month("Start");
-    line.Period = e.Month("Period");
-    if (line.Start + line.Period > lotLimits::Months) {
-        throw EFileError(e.Place() + ": the line ends beyond " + std::to_string(lotLimits::Months) + " months");
-    }
-    for (const pugi::xml_node child : e.Node().children()) {
-        if (IsElement(child) && Element(child).Is("Values")) {
-            line.SetPortion(Element(child).Month("Index"), Element(child).Number("SpreadValue"));
-        }
-    }
-    line.Simplify();
-    ++FLines;
-    FLongest = std::max({FLongest, line.Start + line.Period, line.Portions.Count()});
-}
-
-void TlotProjectReader::CountObject(const TlotElement& e) {
-    if (++FObjects > lotLimits::Objects) {
-        throw EFileError(e.Place() + ": more than " + std::to_string(lotLimits::Objects) + " objects");
-    }
-}
-
-void TlotProjectReader::CheckSize() const {
-    // Any linked line may come out as long as the longest, and a loan has some eighteen rows of its own.
-    constexpr double rowsOfALoan = 18;
-    const double rows =
-        FLines + 2.0 * static_cast<double>(FProject.Sections.size()) + rowsOfALoan * FProject.Funding.Loans.Count();
-    if (rows * FLongest > lotLimits::Cells) {
-        throw EFileError("Project: too large, " + std::to_string(FLines) + " lines over " + std::to_string(FLongest) +
-                         " months");
-    }
 }

@@ -6,6 +6,7 @@
 
 #include "common/vipNumber.h"
 #include "model/lotProject.h"
+#include "persistence/lotReadContext.h"
 #include "persistence/lotXml.h"
 
 #include <pugixml.hpp>
@@ -13,7 +14,7 @@
 class TlotProjectReader {
 public:
     TlotProjectReader(TlotProject& project, double version, const TNumberLocale& locale, double today)
-        : FProject(project), FVersion(version), FLocale(locale), FToday(today) {}
+        : FProject(project), FContext(version, locale, today) {}
 
     void Read(pugi::xml_node node);
 
@@ -31,21 +32,7 @@ private:
     void ReadSection(const TlotElement& e);
     void ReadItem(const TlotElement& e, TlotSection& section);
     void ReadInflation(const TlotElement& e);
-    void ReadFunding(const TlotElement& e);
-    void ReadLoan(const TlotElement& e);
-    void ReadLoanTerms(const TlotElement& e, TlotLoan& loan) const;
-    void ReadEquity(const TlotElement& e);
-    void ReadSpread(const TlotElement& e, TlotCashflowItem& line);
-    void CountObject(const TlotElement& e);
-    void CheckSize() const;
-
-    [[nodiscard]] TlotElement Element(pugi::xml_node node) const { return {node, FLocale}; }
 
     TlotProject& FProject;
-    double FVersion = 0;
-    const TNumberLocale& FLocale;
-    double FToday = 0;
-    int FObjects = 0;
-    int FLines = 0;
-    int FLongest = 0;
+    TlotReadContext FContext;
 };
