@@ -5,19 +5,30 @@
 #include "common/vipText.h"
 #include "persistence/lotAtomicFile.h"
 #include "persistence/lotReader.h"
+#include "persistence/lotResiReader.h"
+#include "persistence/lotSAStorage.h"
 #include "persistence/lotWriter.h"
 
 TProjectData::TProjectData(TlotSystem& system, const TlotOptions& options, const TlotServices& services,
                            const TNumberLocale& locale, bool editionFlag)
     : FSystem(system), FOptions(options), FServices(services), FLocale(locale), FEditionFlag(editionFlag) {
     FSystem.Project.BaseValues.Evaluator.DecimalSeparator = locale.Decimal;
+    FSystem.SAModelNew.Locale = locale;
+    FSystem.SAModelOld.Locale = locale;
 }
 
 bool TProjectData::Recalculate() {
     TlotProject& project = Project();
     project.Calculate();
     if (const std::string_view keyword = ResidualKeyword(project.ResidualTarget); !keyword.empty()) {
-        project.BaseValues.SiteValue.Amount = project.SolveSiteValue(keyword, project.ResidualTargetValue);
+        double& siteValue = project.BaseValues.SiteValue.Amount;
+        const double before = siteValue;
+        try {
+            siteValue = project.SolveSiteValue(keyword, project.ResidualTargetValue);
+        } catch (...) {
+            siteValue = before;
+            throw;
+        }
     }
     return true;
 }
@@ -37,7 +48,20 @@ bool TProjectData::LoadProject(const std::string& fileName) {
         FServices.Messages.Show(TlotMessageKind::Warning, "That is not a Lotmaster file.");
         return false;
     }
+    // Before the project, whose version may be refused: the settings are taken over all the same.
+    TSAReader::Read(reader.Document().document_element(), SAModelNew(), FLocale);
     return ReadInto(reader, Project());
+}
+
+bool TProjectData::ImportProject(const std::string& fileName) {
+    const TlotBusy busy(FServices.Busy);
+    TlotResiReader reader(FLocale);
+    reader.LoadFromFile(fileName);
+    if (!reader.Read(Project(), FServices.Clock.Today())) {
+        return false;
+    }
+    SAModelOld().Clear();
+    return true;
 }
 
 bool TProjectData::LoadHandheld(TlotReader& reader) {
@@ -64,6 +88,7 @@ bool TProjectData::LoadHandheld(TlotReader& reader) {
 
 bool TProjectData::ReadInto(TlotReader& reader, TlotProject& project) {
     if (reader.Read(project)) {
+        SAModelOld().Clear();
         return true;
     }
     if (!reader.Message().empty()) {
@@ -79,6 +104,7 @@ bool TProjectData::SaveProject(const std::string& fileName) {
     }
     TlotWriter writer(FEditionFlag, FLocale);
     writer.Write(Project());
+    TSAWriter::Write(writer.Document().document_element(), SAModelNew(), FLocale);
     if (!writer.SaveToFile(fileName)) {
         FServices.Messages.Show(TlotMessageKind::Information, "Unable to save file.");
         return false;
@@ -88,6 +114,7 @@ bool TProjectData::SaveProject(const std::string& fileName) {
 
 void TProjectData::ClearProject() {
     Project().Clear(FServices.Clock.Today());
+    SAModelOld().Clear();
 }
 
 void TProjectData::BuildDefaultProject() {

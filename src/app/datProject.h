@@ -24,6 +24,9 @@ public:
     [[nodiscard]] TlotProject& Project() noexcept { return FSystem.Project; }
     [[nodiscard]] const TlotProject& Project() const noexcept { return FSystem.Project; }
 
+    [[nodiscard]] TlotSAModelNew& SAModelNew() noexcept { return FSystem.SAModelNew; }
+    [[nodiscard]] TlotSAModelOld& SAModelOld() noexcept { return FSystem.SAModelOld; }
+
     std::string FileName; ///< Of the open project; set by whoever opened or saved it.
 
     /// The one way in which the project is made current: one pass, then, with a residual target, the search for the
@@ -33,6 +36,10 @@ public:
     /// Opens a project file into the project, telling the user what is wrong where it can't. False leaves the project
     /// as it was; so does the EFileError, naming file and element, that damaged content throws.
     [[nodiscard]] bool LoadProject(const std::string& fileName);
+
+    /// Imports a residual file into the project. False, the user having been told nothing, where it holds no project;
+    /// throws EFileError for what cannot be imported. The project is as it was in both cases.
+    [[nodiscard]] bool ImportProject(const std::string& fileName);
 
     /// Saves under that name in one step; false where the user was told why it can't. Throws EFileError where the new
     /// file cannot be written. An old file stays whole in both cases.

@@ -1,27 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/lotBuiltInProjects.h"
 
+#include "model/lotSectionRows.h"
+
 #include <array>
-#include <memory>
 #include <span>
 
 namespace {
-
-struct TItemRow {
-    const char* Name;
-    double Amount;
-    bool Percentage;
-    const char* BaseFormula;
-    bool Link;
-};
-
-struct TSectionRow {
-    const char* Name;
-    const char* Group;
-    const char* DefaultBase;
-    bool Income;
-    std::span<const TItemRow> Items;
-};
 
 constexpr std::array DefaultSiteCosts = {
     TItemRow{"Stamp Duty", 4, true, "SITEVALUE", false},
@@ -128,24 +113,6 @@ constexpr std::array TestUnits = {
     TUnitRow{"Retail", "", 40000, 150, 7.5, 5.75, {{{"Zone A", 14000, 50}, {"Zone B", 8000, 25}}}},
     TUnitRow{"Flats", "Residential", 5, 65000, 0, 0, {{{"Flat 2 bed", 2, 200000}, {"Flat 3 bed", 3, 300000}}}},
 };
-
-void AddSections(TlotProject& project, std::span<const TSectionRow> sections) {
-    for (const TSectionRow& row : sections) {
-        TlotSection& section = *project.Sections.emplace_back(std::make_unique<TlotSection>());
-        section.Name = row.Name;
-        section.Group = row.Group;
-        section.DefaultBase = row.DefaultBase;
-        section.Income = row.Income;
-        for (const TItemRow& itemRow : row.Items) {
-            TlotItem& item = section.AddItem();
-            item.Name = itemRow.Name;
-            item.Amount.Value = itemRow.Amount;
-            item.Percentage = itemRow.Percentage;
-            item.BaseFormula = itemRow.BaseFormula;
-            item.Link = itemRow.Link;
-        }
-    }
-}
 
 void AddTestUnit(TlotProject& project, const TUnitRow& row) {
     TlotUnit& unit = project.Units.Add();

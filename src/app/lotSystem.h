@@ -5,6 +5,7 @@
 #pragma once
 
 #include "model/lotProject.h"
+#include "sensitivity/lotSAModel.h"
 
 #include <string>
 
@@ -14,5 +15,7 @@ public:
     explicit TlotSystem(double today);
 
     TlotProject Project;
+    TlotSAModelOld SAModelOld; ///< The two models work on the project, which is why they live beside it, not in it.
+    TlotSAModelNew SAModelNew;
     const std::string Version; ///< Of the program, as it was built.
 };

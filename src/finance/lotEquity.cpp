@@ -62,3 +62,23 @@ void TlotEquity::CalculateReturns() {
     // Month 0 is not discounted here, where the rate of return discounts it by a month: both conventions are wanted.
     NPV = vip::PresentValue(DiscountRate / 100, vip::MonthsAYear, flows.Values.Span());
 }
+
+void TlotEquity::SaveRates() {
+    InterestRate.Save();
+    StoredInterestRates = InterestRates;
+}
+
+void TlotEquity::RestoreRates() {
+    InterestRate.Restore();
+    InterestRates = StoredInterestRates;
+}
+
+void TlotEquity::ApplySensitivity(const vip::TSAStep& step) {
+    InterestRate.Apply(step);
+    if (VariableRate) {
+        InterestRates = StoredInterestRates;
+        for (double& rate : InterestRates.Edit()) {
+            rate = step.ValueAt(rate);
+        }
+    }
+}

@@ -37,6 +37,11 @@ public:
     /// a project with an equity source loses its debit rate at its first calculation: deliberate.
     void ClearResults();
 
+    /// For a table of scenarios: keep the fixed and the monthly rates, put them back, shift them from what was kept.
+    void SaveRates();
+    void RestoreRates();
+    void ApplySensitivity(const vip::TSAStep& step);
+
 private:
     void RunMonths(double rateAdjustment);
     void CalculateReturns();

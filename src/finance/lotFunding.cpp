@@ -41,8 +41,11 @@ void TlotFunding::FundingCalculate(const TlotCashflowItem& cashflow, const TlotV
     TotalInterest = 0;
     TotalFees = 0;
     const TlotCashflowItem* running = &cashflow;
+    // All of them first, so that an error in one leaves the loans behind it empty.
     for (const auto& loan : Loans) {
         loan->ClearResults();
+    }
+    for (const auto& loan : Loans) {
         if (!loan->Active) {
             continue;
         }

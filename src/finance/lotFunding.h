@@ -23,7 +23,7 @@ public:
     [[nodiscard]] const TlotLoan* FindEquitySourceLoan() const;
 
     /// Runs all loans over the project's net cashflow; `adjust` may be null. Throws ELotError("Unknown LoanType"), and
-    /// ERangeError out of a Cash loan; the loans before it stay computed then, and those after it are as they were.
+    /// ERangeError out of a Cash loan; the loans before it stay computed then, and those after it are empty.
     void FundingCalculate(const TlotCashflowItem& cashflow, const TlotVars& vars, const TlotAdjust* adjust);
 
     /// `target` := the net cashflow with what the active loans bring and take: the cash that no loan took care of.

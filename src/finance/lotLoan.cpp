@@ -6,24 +6,6 @@
 
 namespace {
 
-std::array<TlotCashflowItem*, 15> AllRows(TlotLoanRows& rows) {
-    return {&rows.CashflowIn,
-            &rows.BorrowingSource,
-            &rows.RolledOverDebt,
-            &rows.CanBorrow,
-            &rows.NeedToBorrow,
-            &rows.Borrowing,
-            &rows.CanRepay,
-            &rows.Repayment,
-            &rows.Debt,
-            &rows.Interest,
-            &rows.ExcessInterest,
-            &rows.Fees,
-            &rows.CashflowOut,
-            &rows.CashflowExcludingInterest,
-            &rows.CashflowIncludingInterest};
-}
-
 /// Makes a monthly array that a user may leave empty or short reach `count`: empty, it takes `fixed` throughout, short,
 /// its last figure goes on.
 void PrepareMonths(TlotDoubles& months, int count, double fixed) {
@@ -36,15 +18,33 @@ void PrepareMonths(TlotDoubles& months, int count, double fixed) {
 
 } // namespace
 
+std::array<TlotCashflowItem*, 15> TlotLoan::Rows() {
+    return {&CashflowIn,
+            &BorrowingSource,
+            &RolledOverDebt,
+            &CanBorrow,
+            &NeedToBorrow,
+            &Borrowing,
+            &CanRepay,
+            &Repayment,
+            &Debt,
+            &Interest,
+            &ExcessInterest,
+            &Fees,
+            &CashflowOut,
+            &CashflowExcludingInterest,
+            &CashflowIncludingInterest};
+}
+
 TlotLoan::TlotLoan() {
-    for (TlotCashflowItem* const row : AllRows(*this)) {
+    for (TlotCashflowItem* const row : Rows()) {
         row->Income = true;
         row->NoTotal = true;
     }
 }
 
 void TlotLoan::ClearResults() {
-    for (TlotCashflowItem* const row : AllRows(*this)) {
+    for (TlotCashflowItem* const row : Rows()) {
         row->ClearValues();
     }
     LoanFees.Line.ClearAll();
@@ -85,6 +85,26 @@ void TlotLoan::ComputeCashflows() {
 void TlotLoan::ComputeNPV(double discountRate) {
     NPVExcludingInterest = CashflowExcludingInterest.NPVAt(discountRate);
     NPVIncludingInterest = CashflowIncludingInterest.NPVAt(discountRate);
+}
+
+void TlotLoan::SaveRates() {
+    InterestRate.Save();
+    StoredInterestRates = InterestRates;
+}
+
+void TlotLoan::RestoreRates() {
+    InterestRate.Restore();
+    InterestRates = StoredInterestRates;
+}
+
+void TlotLoan::ApplySensitivity(const vip::TSAStep& step) {
+    InterestRate.Apply(step);
+    if (VariableRate) {
+        InterestRates = StoredInterestRates;
+        for (double& rate : InterestRates.Edit()) {
+            rate = step.ValueAt(rate);
+        }
+    }
 }
 
 int TlotLoanList::IndexOf(std::string_view name) const {

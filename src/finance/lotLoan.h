@@ -12,6 +12,7 @@
 #include "engine/lotCashflow.h"
 #include "finance/lotVars.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -82,6 +83,9 @@ public:
     double IRRExcludingInterest = 0; ///< Percent a year.
     double IRRIncludingInterest = 0;
 
+    /// Every computed row but the fee's line.
+    [[nodiscard]] std::array<TlotCashflowItem*, 15> Rows();
+
     /// Empties every row and the fee, and sets the totals but TotalBorrowed, which the calculators set, to 0.
     void ClearResults();
     /// With VariableRate: gives InterestRates at least `count` elements.
@@ -99,6 +103,11 @@ public:
     void ComputeCashflows();
     /// As the equity source: the present values of the two rows at `discountRate` percent a year, month 0 undiscounted.
     void ComputeNPV(double discountRate);
+
+    /// For a table of scenarios: keep the fixed and the monthly rates, put them back, shift them from what was kept.
+    void SaveRates();
+    void RestoreRates();
+    void ApplySensitivity(const vip::TSAStep& step);
 
     /// Scratch of the Linked calculator, kept for its memory.
     TlotSource Source;

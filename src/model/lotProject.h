@@ -40,6 +40,12 @@ enum class TlotResidualTarget : std::uint8_t {
 /// The keyword of a target's measure; empty for NoTarget.
 [[nodiscard]] std::string_view ResidualKeyword(TlotResidualTarget target) noexcept;
 
+/// How much of the pass the trials of a search run.
+enum class TlotPassScope : std::uint8_t {
+    Full,
+    FromClearing, ///< Without the units' two stages, which would undo what a scenario shifted in them.
+};
+
 class TlotProject {
 public:
     /// `today`: a date (vipDate), the project's first StartDate.
@@ -111,6 +117,7 @@ public:
 
     /// One full pass at the present site value. Throws what a loan throws; the project stays editable then.
     void Calculate();
+    void Calculate(TlotPassScope scope);
 
     /// The two stages of the units, and the rest of the pass from its clearing on: a scenario shifts figures between
     /// them. Calculate is the three in order.
@@ -122,7 +129,10 @@ public:
     /// CalcNegativeSiteValue and nothing was found, below (or far above) 0. Tolerance 0.0001 of the measure, 51 steps
     /// each. Returns the answer or 0 and leaves the model as calculated at the last trial, its site value included.
     /// Throws EEvaluatorError for a word that is no keyword.
-    double SolveSiteValue(std::string_view keyword, double target);
+    double SolveSiteValue(std::string_view keyword, double target, TlotPassScope scope = TlotPassScope::Full);
+
+    /// As its first stage, with a bound of its own and no second one.
+    double SolveSiteValueWithin(std::string_view keyword, double target, double highest, TlotPassScope scope);
 
     /// The same for the IRR of the equity (percent), in the first range only.
     double SolveEquityIRR(double target);

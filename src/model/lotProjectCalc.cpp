@@ -38,6 +38,14 @@ void TlotProject::Calculate() {
     CalculateFromClearing();
 }
 
+void TlotProject::Calculate(TlotPassScope scope) {
+    if (scope == TlotPassScope::Full) {
+        Calculate();
+    } else {
+        CalculateFromClearing();
+    }
+}
+
 void TlotProject::CalculateFromClearing() {
     Groups.Clear();
     Cashflow.Clear();

@@ -12,20 +12,20 @@ constexpr int MaximumIterations = 50;
 constexpr double SiteValueTolerance = 0.0001;
 constexpr double FarSiteValue = 1'000'000'000;
 
-/// Drives `solver` over the project's site value; `measure` reads what each trial gave.
-template <class Measure> double Solve(TlotProject& project, VBisect& solver, Measure measure) {
+/// Drives `solver` over the project's site value; `figure` is the measure that each trial leaves.
+double Solve(TlotProject& project, VBisect& solver, const double& figure, TlotPassScope scope) {
     while (solver.Running()) {
         project.BaseValues.SiteValue.Amount = solver.Middle();
-        project.Calculate();
-        solver.Step(measure());
+        project.Calculate(scope);
+        solver.Step(figure);
     }
     return solver.Found() ? project.BaseValues.SiteValue.Amount : 0;
 }
 
-VBisect FirstStage(const TlotProject& project, double target) {
+VBisect FirstStage(double highest, double target) {
     VBisect solver;
     solver.Tolerance = SiteValueTolerance;
-    solver.Start(MaximumIterations, target, 0, project.MaxSiteValue);
+    solver.Start(MaximumIterations, target, 0, highest);
     return solver;
 }
 
@@ -47,26 +47,36 @@ VBisect SecondStage(const TlotProject& project, double measure, double target) {
     return solver;
 }
 
-} // namespace
-
-double TlotProject::SolveSiteValue(std::string_view keyword, double target) {
-    const double* const figure = BaseValues.Evaluator.FindVar(keyword);
+/// Where the figure of a keyword lies. Throws EEvaluatorError for a word that is none.
+const double& FigureOf(TlotProject& project, std::string_view keyword) {
+    const double* const figure = project.BaseValues.Evaluator.FindVar(keyword);
     if (figure == nullptr) {
         throw EEvaluatorError("Parse error: Unknown symbol: '" + std::string(keyword) + "'");
     }
-    const auto measure = [figure] { return *figure; };
-    VBisect solver = FirstStage(*this, target);
-    const double answer = Solve(*this, solver, measure);
+    return *figure;
+}
+
+} // namespace
+
+double TlotProject::SolveSiteValue(std::string_view keyword, double target, TlotPassScope scope) {
+    const double answer = SolveSiteValueWithin(keyword, target, MaxSiteValue, scope);
     if (answer != 0 || !CalcNegativeSiteValue) {
         return answer;
     }
+    const double& figure = FigureOf(*this, keyword);
     BaseValues.SiteValue.Amount = 0;
-    Calculate();
-    solver = SecondStage(*this, measure(), target);
-    return Solve(*this, solver, measure);
+    Calculate(scope);
+    VBisect solver = SecondStage(*this, figure, target);
+    return Solve(*this, solver, figure, scope);
+}
+
+double TlotProject::SolveSiteValueWithin(std::string_view keyword, double target, double highest, TlotPassScope scope) {
+    const double& figure = FigureOf(*this, keyword);
+    VBisect solver = FirstStage(highest, target);
+    return Solve(*this, solver, figure, scope);
 }
 
 double TlotProject::SolveEquityIRR(double target) {
-    VBisect solver = FirstStage(*this, target);
-    return Solve(*this, solver, [&] { return Equity.IRR; });
+    VBisect solver = FirstStage(MaxSiteValue, target);
+    return Solve(*this, solver, Equity.IRR, TlotPassScope::Full);
 }

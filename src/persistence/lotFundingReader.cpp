@@ -40,7 +40,6 @@ void TlotFundingReader::ReadFunding(const TlotElement& e, TlotFunding& funding) 
 }
 
 void TlotFundingReader::ReadLoan(const TlotElement& e, TlotFunding& funding) {
-    FContext.CountObject(e);
     TlotLoan& loan = funding.Loans.Add();
     loan.Name = e.Text("Name");
     loan.Active = e.Boolean("Active", true);
@@ -66,8 +65,7 @@ void TlotFundingReader::ReadLoan(const TlotElement& e, TlotFunding& funding) {
             FContext.ReadSpread(child, loan.Borrowing);
         }
     }
-    FContext.SeeMonth(loan.InterestRates.Count());
-    FContext.SeeMonth(loan.Start + std::max(loan.Period, 0));
+    FContext.CountLoan(e, loan);
 }
 
 void TlotFundingReader::ReadLoanTerms(const TlotElement& e, TlotLoan& loan) const {

@@ -28,7 +28,6 @@ void TlotProjectReader::Read(pugi::xml_node node) {
             ReadChild(FContext.Element(child));
         }
     }
-    FContext.CheckSize(FProject);
 }
 
 void TlotProjectReader::ReadAttributes(const TlotElement& e) {
@@ -202,7 +201,7 @@ void TlotProjectReader::ReadUnitChildren(const TlotElement& e, TlotUnit& unit) {
 }
 
 void TlotProjectReader::ReadSection(const TlotElement& e) {
-    FContext.CountObject(e);
+    FContext.CountSection(e);
     TlotSection& section = *FProject.Sections.emplace_back(std::make_unique<TlotSection>());
     section.Name = e.Text("Name");
     section.Group = e.Text("Group");

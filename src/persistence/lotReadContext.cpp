@@ -15,10 +15,6 @@ std::int32_t TlotReadContext::LoanMonth(const TlotElement& e, const char* name) 
     return month;
 }
 
-void TlotReadContext::SeeMonth(int month) noexcept {
-    FLongest = std::max(FLongest, month);
-}
-
 void TlotReadContext::ReadSpread(const TlotElement& e, TlotCashflowItem& line) {
     line.Start = e.Month("Start");
     line.Period = e.Month("Period");
@@ -31,8 +27,7 @@ void TlotReadContext::ReadSpread(const TlotElement& e, TlotCashflowItem& line) {
         }
     }
     line.Simplify();
-    ++FLines;
-    FLongest = std::max({FLongest, line.Start + line.Period, line.Portions.Count()});
+    CountRows(e, 1, std::max(line.Start + line.Period, line.Portions.Count()));
 }
 
 void TlotReadContext::CountObject(const TlotElement& e) {
@@ -41,13 +36,26 @@ void TlotReadContext::CountObject(const TlotElement& e) {
     }
 }
 
-void TlotReadContext::CheckSize(const TlotProject& project) const {
-    // Any linked line may come out as long as the longest, and a loan has some eighteen rows of its own.
-    constexpr double rowsOfALoan = 18;
-    const double rows =
-        FLines + 2.0 * static_cast<double>(project.Sections.size()) + rowsOfALoan * project.Funding.Loans.Count();
-    if (rows * FLongest > lotLimits::Cells) {
-        throw EFileError("Project: too large, " + std::to_string(FLines) + " lines over " + std::to_string(FLongest) +
-                         " months");
+void TlotReadContext::CountSection(const TlotElement& e) {
+    CountObject(e);
+    constexpr int rowsOfASection = 2;
+    CountRows(e, rowsOfASection, 0);
+}
+
+void TlotReadContext::CountLoan(const TlotElement& e, const TlotLoan& loan) {
+    CountObject(e);
+    constexpr int rowsOfALoan = 20;
+    const int end = std::max(loan.Start, 0) + std::max(loan.Period, 0);
+    CountRows(
+        e, rowsOfALoan,
+        std::max({end, loan.InterestRates.Count(), loan.BorrowPercentages.Count(), loan.RepayPercentages.Count()}));
+}
+
+void TlotReadContext::CountRows(const TlotElement& e, int rows, int months) {
+    FRows += rows;
+    FLongest = std::max(FLongest, months);
+    if (static_cast<double>(FRows) * FLongest > lotLimits::Cells) {
+        throw EFileError(e.Place() + ": too large, " + std::to_string(FRows) + " rows over " +
+                         std::to_string(FLongest) + " months");
     }
 }

@@ -24,16 +24,17 @@ public:
     void ReadSpread(const TlotElement& e, TlotCashflowItem& line);
     /// A loan's month may lie before the project, where its calculation is refused, but not beyond all bounds.
     [[nodiscard]] std::int32_t LoanMonth(const TlotElement& e, const char* name) const;
-    /// Takes the last month of something that isn't a spread into account.
-    void SeeMonth(int month) noexcept;
+    /// Takes a section, and a loan that is read, into account. Throw EFileError beyond the limits.
+    void CountSection(const TlotElement& e);
+    void CountLoan(const TlotElement& e, const TlotLoan& loan);
     /// Throws EFileError at one object too many.
     void CountObject(const TlotElement& e);
-    /// Throws EFileError where the project, all read, would take too much memory to calculate.
-    void CheckSize(const TlotProject& project) const;
 
 private:
+    void CountRows(const TlotElement& e, int rows, int months);
+
     const TNumberLocale& FLocale;
     int FObjects = 0;
-    int FLines = 0;
-    int FLongest = 0;
+    int FRows = 0;    ///< Rows of months that a calculation will hold.
+    int FLongest = 0; ///< Months of the longest; any linked line may come out as long.
 };

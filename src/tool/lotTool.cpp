@@ -2,6 +2,8 @@
 #include "tool/lotTool.h"
 
 #include "common/vipDate.h"
+#include "tool/cmdSensitivity.h"
+#include "tool/cmdTables.h"
 #include "tool/toolCommands.h"
 
 #include <new>
@@ -36,6 +38,10 @@ TToolExit RunCommand(TToolCommand& command, TToolSession& session) {
         return TToolExit::Success;
     } catch (const EToolRefused&) {
         return TToolExit::Refused;
+    } catch (const EToolUsage& error) {
+        session.Messages.Subject.clear();
+        session.Messages.Fail(error.what());
+        return TToolExit::WrongUsage;
     } catch (const std::bad_alloc&) {
         session.Messages.Fail("not enough memory");
     } catch (const std::exception& error) {
@@ -87,5 +93,7 @@ std::vector<std::unique_ptr<TToolCommand>> AllToolCommands() {
     commands.push_back(std::make_unique<TTestProjectCommand>());
     commands.push_back(std::make_unique<TConvertCommand>());
     commands.push_back(std::make_unique<TSolveCommand>());
+    commands.push_back(std::make_unique<TSensitivityCommand>());
+    commands.push_back(std::make_unique<TTablesCommand>());
     return commands;
 }

@@ -41,6 +41,12 @@ void TToolSession::Open(const std::string& fileName) {
     if (!std::filesystem::exists(fileName, error)) {
         throw ELotError("File does not exist.");
     }
+    if (std::filesystem::path(fileName).extension() == ".resi") {
+        if (!Data().ImportProject(fileName)) {
+            throw ELotError("There is no Project element in the file.");
+        }
+        return; // It has no project file's name until it is saved.
+    }
     if (!Data().LoadProject(fileName)) {
         if (!Messages.Spoken()) {
             throw ELotError("There is no Project element in the file.");

@@ -21,6 +21,12 @@ public:
     EToolRefused() : ELotError("refused") {}
 };
 
+/// The words of the call make no sense, which showed only once the file was open.
+class EToolUsage : public ELotError {
+public:
+    using ELotError::ELotError;
+};
+
 /// Messages as single lines: "lotcalc: file: text".
 class TToolMessages final : public TlotMessageService {
 public:

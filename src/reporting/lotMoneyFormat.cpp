@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "reporting/lotMoneyFormat.h"
+
+#include "common/vipErrors.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+namespace {
+
+constexpr int MostDecimals = 20;
+
+/// The decimals of "%W.Nm" or "%W.Nn"; nothing for any other text.
+std::optional<int> MoneyDecimals(std::string_view format) {
+    const std::size_t point = format.find('.');
+    if (format.size() < 4 || format.front() != '%' || point == std::string_view::npos ||
+        (format.back() != 'm' && format.back() != 'n') ||
+        format.substr(1, point - 1).find_first_not_of("0123456789") != std::string_view::npos) {
+        return std::nullopt;
+    }
+    const std::string_view digits = format.substr(point + 1, format.size() - point - 2);
+    int decimals = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), decimals);
+    if (error != std::errc() || end != digits.data() + digits.size()) {
+        return std::nullopt;
+    }
+    return std::clamp(decimals, 0, MostDecimals);
+}
+
+} // namespace
+
+std::string FormatMoney(std::string_view format, double value, const TNumberLocale& locale) {
+    const std::optional<int> decimals = MoneyDecimals(format);
+    if (!decimals) {
+        throw ELotError(std::string(format) + " is no money or number format");
+    }
+    std::string mask = ",0";
+    if (*decimals > 0) {
+        mask += '.' + std::string(static_cast<std::size_t>(*decimals), '0');
+    }
+    return vip::FormatMask(mask, value, locale);
+}
+
+std::string FormatFigure(std::string_view format, double value, const TNumberLocale& locale) {
+    if (format.empty()) {
+        return vip::NumberToText(value, locale);
+    }
+    return format.front() == '%' ? FormatMoney(format, value, locale) : vip::FormatMask(format, value, locale);
+}
+
+std::string NumberFormat(int decimals) {
+    return "%2." + std::to_string(decimals) + "n";
+}

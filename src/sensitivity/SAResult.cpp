@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sensitivity/SAResult.h"
+
+#include <algorithm>
+
+std::string TSAResult::Format(double value, const TNumberLocale& locale) const {
+    constexpr std::int32_t most = 15;
+    std::string mask =
+        Decimals >= 1 ? "0." + std::string(static_cast<std::size_t>(std::min(Decimals, most)), '0') : ",0";
+    if (Percentage) {
+        mask += '%';
+    }
+    return vip::FormatMask(mask, value, locale);
+}
+
+int TSAResultList::IndexOf(std::string_view name) const noexcept {
+    const auto found = std::ranges::find_if(FItems, [&](const auto& result) { return result->Name == name; });
+    return found == FItems.end() ? -1 : static_cast<int>(found - FItems.begin());
+}

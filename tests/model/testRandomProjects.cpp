@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// What must hold of any project whatever its figures.
+#include "support/lotRows.h"
+#include "support/lotTestProject.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+using TSignedRows = std::vector<std::pair<const TlotCashflowItem*, double>>;
+
+/// `actual` is the sum of the rows with their signs, month by month.
+void ExpectSum(const TlotCashflowItem& actual, const TSignedRows& rows) {
+    std::vector<double> sum(static_cast<std::size_t>(actual.Count()), 0.0);
+    for (const auto& [row, sign] : rows) {
+        for (int i = 0; i < actual.Count(); ++i) {
+            sum[static_cast<std::size_t>(i)] += sign * row->GetValue(i);
+        }
+    }
+    ExpectMonths(actual, sum);
+}
+
+void ForEachProject(const std::function<void(TlotProject&)>& check) {
+    for (std::uint64_t seed = 1; seed <= 200 && !testing::Test::HasFailure(); ++seed) {
+        SCOPED_TRACE(testing::Message() << "seed " << seed);
+        TRandom random(seed);
+        TlotProject project{0};
+        RandomProject(random, project);
+        project.Calculate();
+        check(project);
+    }
+}
+
+TEST(RandomProjects, LinesSumToTheirAmountsAndTheCashflowToTheLines) {
+    ForEachProject([](TlotProject& project) {
+        TSignedRows lines;
+        for (const TlotCashflowItem* const line : project.Cashflow.Items) {
+            lines.emplace_back(line, line->Income ? 1 : -1);
+            if (line->SpreadKind == TlotSpreadKind::Spread && !line->Values.IsEmpty()) {
+                ExpectClose(line->Sum(), line->Portions.IsEmpty() || line->FirstPortion() >= 0 ? line->Amount : 0);
+            }
+        }
+        ExpectSum(project.Cashflow.Total, lines);
+    });
+}
+
+TEST(RandomProjects, CostsValuesAndFinanceAddUp) {
+    ForEachProject([](TlotProject& project) {
+        const TlotBaseValues& b = project.BaseValues;
+        double costs = b.SiteValue.Amount + b.Build.Amount + project.TotalInterest + project.Funding.TotalFees;
+        double values = b.NetCap.Amount + b.NonCap.Amount;
+        for (const auto& section : project.Sections) {
+            (section->Income ? values : costs) += section->Total.Amount;
+        }
+        ExpectClose(project.TDC, costs);
+        ExpectClose(b.Profit, values - costs);
+        TSignedRows left = {{&project.Cashflow.Total, 1}};
+        double interest = project.Equity.TotalInterest;
+        for (const auto& loan : project.Funding.Loans) {
+            left.insert(left.end(), {{&loan->Borrowing, 1}, {&loan->Repayment, -1}});
+            left.insert(left.end(), {{&loan->ExcessInterest, 1}, {&loan->Fees, 1}});
+            interest -= loan->Interest.Sum();
+        }
+        ExpectClose(project.TotalInterest, interest);
+        ExpectSum(project.Equity.Cashflow, left);
+    });
+}
+
+TEST(RandomProjects, ASecondPassChangesNothing) {
+    ForEachProject([](TlotProject& project) {
+        const auto figures = [&] {
+            std::vector<double> all = {project.TDC,          project.NDV,          project.Equity.IRR,
+                                       project.Equity.NPV,   project.Cashflow.IRR, project.Cashflow.NPV,
+                                       project.TotalInterest};
+            for (const auto& loan : project.Funding.Loans) {
+                for (const TlotCashflowItem* const row : {&loan->Debt, &loan->Borrowing, &loan->LoanFees.Line}) {
+                    all.insert(all.end(), row->Values.Span().begin(), row->Values.Span().end());
+                }
+            }
+            return all;
+        };
+        const std::vector<double> first = figures();
+        project.Calculate();
+        EXPECT_EQ(figures(), first) << "to the last bit";
+    });
+}
+
+} // namespace
