@@ -95,9 +95,13 @@ TEST(TextForms, SpreadsAreSparseAndPlainShapesBecomeStartAndPeriod) {
          {"<SiteValue Start='4' Period='2'><Values Index='5' SpreadValue='0'/></SiteValue>",
           "<SiteValue Start='4' Period='2'/>"},
          {"<SiteValue Start='0' Period='12000'/>", "<SiteValue Start='0' Period='12000'/>"}});
+    // The reader does so by itself, and so does the writer.
     TlotProject project(TestToday);
-    project.BaseValues.SiteValue.Portions = TlotDoubles({0, 0, 0.5, 0.5});
-    EXPECT_NE(Compact(project).find("<SiteValue Start='2' Period='2'/>"), std::string::npos); // Nor were they read.
+    TlotCashflowItem& site = project.BaseValues.SiteValue;
+    ASSERT_TRUE(OpenText(project, FileText("", "<SiteValue><Values Index='4' SpreadValue='2'/></SiteValue>")));
+    EXPECT_TRUE(site.Portions.IsEmpty() && site.Start == 4 && site.Period == 1);
+    site.Portions = TlotDoubles({0, 0, 0.5, 0.5});
+    EXPECT_NE(Compact(project).find("<SiteValue Start='2' Period='2'/>"), std::string::npos);
 }
 
 TEST(TextForms, ValueArraysAreAsLongAsTheirCount) {
