@@ -12,12 +12,23 @@
 #include <algorithm>
 #include <cstddef>
 #include <span>
+#include <utility>
 #include <vector>
 
 class TlotDoubles {
 public:
     TlotDoubles() = default;
     explicit TlotDoubles(std::vector<double> values) : FValues(std::move(values)) {}
+    TlotDoubles(const TlotDoubles&) = default;
+    TlotDoubles& operator=(const TlotDoubles&) = default;
+    TlotDoubles(TlotDoubles&& other) noexcept
+        : FValues(std::exchange(other.FValues, {})), FLead(std::exchange(other.FLead, 0)) {}
+    TlotDoubles& operator=(TlotDoubles&& other) noexcept {
+        FValues = std::exchange(other.FValues, {});
+        FLead = std::exchange(other.FLead, 0);
+        return *this;
+    }
+    ~TlotDoubles() = default;
 
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(FValues.size()); }
     [[nodiscard]] bool IsEmpty() const noexcept { return FValues.empty(); }

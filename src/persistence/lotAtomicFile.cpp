@@ -27,7 +27,7 @@ class TNewFile {
 public:
     /// `shownName` is how the user knows the target.
     TNewFile(const fs::path& target, const std::string& shownName) : FTarget(target), FShownName(shownName) {
-        const std::string pattern = (target.parent_path() / ("." + target.filename().string() + ".XXXXXX")).string();
+        const std::string pattern = (target.parent_path() / ".lotmaster-XXXXXX").string();
         std::vector<char> name(pattern.begin(), pattern.end());
         name.push_back('\0');
         FDescriptor = ::mkstemp(name.data());
@@ -110,8 +110,9 @@ fs::path Target(const std::string& fileName) {
         target = fileName;
     }
     if (fs::is_symlink(target, error)) {
-        const fs::path real = fs::weakly_canonical(target, error);
-        target = error ? target : real;
+        const fs::path real = fs::canonical(target, error);
+        // A link to nothing yet has its target made.
+        target = error ? target.parent_path() / fs::read_symlink(target, error) : real;
     }
     return target;
 }

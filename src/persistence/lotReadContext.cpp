@@ -46,6 +46,9 @@ void TlotReadContext::CountLoan(const TlotElement& e, const TlotLoan& loan) {
     CountObject(e);
     constexpr int rowsOfALoan = 20;
     const int end = std::max(loan.Start, 0) + std::max(loan.Period, 0);
+    if (end > lotLimits::Months) {
+        throw EFileError(e.Place() + ": the loan ends beyond " + std::to_string(lotLimits::Months) + " months");
+    }
     CountRows(
         e, rowsOfALoan,
         std::max({end, loan.InterestRates.Count(), loan.BorrowPercentages.Count(), loan.RepayPercentages.Count()}));

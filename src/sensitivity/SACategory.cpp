@@ -2,6 +2,7 @@
 #include "sensitivity/SACategory.h"
 
 #include "common/vipErrors.h"
+#include "common/vipText.h"
 
 #include <algorithm>
 
@@ -43,7 +44,8 @@ std::string TSACategory::Label(int index, const TNumberLocale& locale) const {
 }
 
 int TSACategoryList::IndexOf(std::string_view name) const noexcept {
-    const auto found = std::ranges::find_if(FItems, [&](const auto& category) { return category->Name == name; });
+    const auto found =
+        std::ranges::find_if(FItems, [&](const auto& category) { return vip::SameText(category->Name, name); });
     return found == FItems.end() ? -1 : static_cast<int>(found - FItems.begin());
 }
 

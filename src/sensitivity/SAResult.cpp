@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sensitivity/SAResult.h"
 
+#include "common/vipText.h"
+
 #include <algorithm>
 
 std::string TSAResult::Format(double value, const TNumberLocale& locale) const {
@@ -14,6 +16,7 @@ std::string TSAResult::Format(double value, const TNumberLocale& locale) const {
 }
 
 int TSAResultList::IndexOf(std::string_view name) const noexcept {
-    const auto found = std::ranges::find_if(FItems, [&](const auto& result) { return result->Name == name; });
+    const auto found =
+        std::ranges::find_if(FItems, [&](const auto& result) { return vip::SameText(result->Name, name); });
     return found == FItems.end() ? -1 : static_cast<int>(found - FItems.begin());
 }

@@ -67,7 +67,7 @@ public:
     }
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(FItems.size()); }
     [[nodiscard]] TSAResult& operator[](int index) const { return *FItems.at(static_cast<std::size_t>(index)); }
-    /// Index of that name, or -1.
+    /// Index of that name without regard to case, or -1.
     [[nodiscard]] int IndexOf(std::string_view name) const noexcept;
 
 private:

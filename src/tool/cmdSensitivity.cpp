@@ -130,10 +130,13 @@ void TSensitivityCommand::Configure(TSAModel& model) const {
 }
 
 void TSensitivityCommand::Run(TToolSession& session) {
-    session.Open(FFile);
-    session.Data().Recalculate();
     TSAModel& model = FOld ? static_cast<TSAModel&>(session.Data().SAModelOld()) : session.Data().SAModelNew();
+    // Before the file too, so that wrong words are told as such whatever the file is like; what they set, the file's
+    // own settings may replace.
     Configure(model);
+    session.Open(FFile);
+    Configure(model);
+    session.Data().Recalculate();
     if (!session.Data().CheckUnitsShow()) {
         throw EToolRefused();
     }

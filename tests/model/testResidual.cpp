@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 /// Flats worth `value`, built for 1,000, with no finance: profit on cost is 100 (value / (site + 1000) - 1).

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 class Unit : public testing::Test {
@@ -54,9 +56,6 @@ TEST_F(Unit, DefersForARentFreePeriodAndTakesOffPurchasersCosts) {
     EXPECT_EQ(FUnit.RentFreeFactor, 0);
     EXPECT_EQ(FUnit.GrossSale.Value, 4000);
     EXPECT_EQ(FUnit.NetSale.Value, 0);
-    FUnit.PurchCosts = -0.01;
-    FProject.Calculate();
-    ExpectClose(FUnit.NetSale.Value, 4000 / 0.9999, "an ordinary percentage, in practice");
 }
 
 TEST_F(Unit, FindsTheYieldOfACapitalValueAndStaysAsItWas) {
@@ -64,7 +63,6 @@ TEST_F(Unit, FindsTheYieldOfACapitalValueAndStaysAsItWas) {
     EXPECT_NEAR(FUnit.SolveRate(false, TlotRentalValues::Annual, 20000, 0), 5, 0.001);
     EXPECT_EQ(FUnit.Yield.Value, 8);
     EXPECT_EQ(FUnit.GrossSale.Value, 12500);
-    EXPECT_EQ(FUnit.SolveRate(false, TlotRentalValues::Annual, 1, 0), 0) << "beyond 200 %";
 }
 
 TEST_F(Unit, CountsRowsWithAnAreaAndFlexesThemBySales) {
@@ -76,10 +74,8 @@ TEST_F(Unit, CountsRowsWithAnAreaAndFlexesThemBySales) {
     FProject.Adjust.Yield.Value = 50;
     FProject.Adjust.BuildCost.Value = -100;
     FProject.Calculate();
-    EXPECT_EQ(FUnit.TotalArea, 103);
     ExpectClose(FUnit.ERV.Value, 1650);
     ExpectClose(FUnit.GrossSale.Value, 1650 * 12.5, "the yield adjustment is read by nothing");
-    EXPECT_EQ(FUnit.Areas[0].Value(), 1000);
     EXPECT_EQ(FProject.BaseValues.Build.Amount, 0);
 }
 

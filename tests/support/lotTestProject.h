@@ -47,7 +47,7 @@ public:
     /// 0 to n - 1.
     int Below(int n) { return static_cast<int>(FSource() % static_cast<std::uint64_t>(n)); }
     bool Chance(int percent) { return Below(100) < percent; }
-    /// 0 to `most`, with two decimals.
+    /// Below `most`, with two decimals.
     double Money(int most) { return Below(most * 100) / 100.0; }
     template <class T, std::size_t N> T Of(const T (&list)[N]) { return list[Below(static_cast<int>(N))]; }
 
@@ -64,68 +64,49 @@ private:
     std::mt19937_64 FSource;
 };
 
-inline void AddRandomUnit(TRandom& random, TlotProject& project) {
-    const char* const type = random.Of({"Commercial", "Residential", "Non-Capitalised", "Hotel"});
-    TlotUnit& unit = AddUnit(project, type, 1000, random.Money(300));
-    unit.IsCapitalised = random.Chance(60);
-    unit.Yield.Value = random.Below(9);
-    unit.Number = random.Below(3);
-    unit.BuildArea.Value = random.Money(2000);
-    unit.BuildRate.Value = random.Money(100);
-    unit.YPFrequency = static_cast<TlotYPFrequency>(random.Below(3));
-    unit.RentFreePeriod = random.Below(12);
-    unit.PurchCosts = random.Money(7);
-    unit.RentAtERV = random.Chance(30);
-    random.Shape(unit.BuildLine);
-    random.Shape(unit.SalesLine);
-    random.Shape(unit.RentLine);
-}
-
-inline void AddRandomItem(TRandom& random, TlotSection& section) {
-    const char* const formula =
-        random.Of({"BUILD", "SITEVALUE + build", "SECTION", "NETCAP+NONCAP", "GROSSRENT", "BUILD*2", "X"});
-    const bool percentage = random.Chance(50);
-    TlotItem& item = AddItem(section, random.Of({"I", "J", "K", "#L"}), 0, formula);
-    item.Amount.Value = random.Money(percentage ? 9 : 20'000);
-    item.Percentage = percentage;
-    item.Link = random.Chance(30);
-    random.Shape(item.Line);
-}
-
-inline void AddRandomLoan(TRandom& random, TlotProject& project) {
-    TlotLoan& loan = project.Funding.Loans.Add();
-    loan.LoanType = static_cast<TlotLoanType>(random.Below(3));
-    loan.LoanSource = static_cast<TlotLoanSource>(random.Below(2));
-    loan.InterestRate.Value = random.Money(12);
-    loan.BorrowPercentage = random.Below(101);
-    loan.RepayPercentage = random.Below(101);
-    loan.Maximum = random.Chance(50) ? random.Money(200'000) : 0;
-    loan.Amount = random.Money(100'000);
-    loan.Start = random.Below(10);
-    loan.Period = 2 + random.Below(20);
-    loan.Base = random.Of({"BUILD", "SITEVALUE+BUILD", "Site.TOTAL+Fees.I", "BUILD+Fees.#L"});
-    loan.LoanFees.Amount = random.Money(3);
-    loan.LoanFees.Percentage = random.Chance(50);
-    loan.VariableRate = random.Chance(30);
-}
-
 /// A scheme of every kind of unit, item and loan, without what one pass hands on to the next.
 inline void RandomProject(TRandom& random, TlotProject& project) {
     for (int i = 1 + random.Below(5); i-- > 0;) {
-        AddRandomUnit(random, project);
+        TlotUnit& unit = AddUnit(project, random.Of({"Commercial", "Residential", "Hotel"}), 1000, 0);
+        unit.Areas[0].SetRate(random.Money(300));
+        unit.IsCapitalised = random.Chance(60);
+        unit.Yield.Value = random.Below(9);
+        unit.Number = random.Below(3);
+        unit.BuildArea.Value = random.Money(2000);
+        unit.BuildRate.Value = random.Money(100);
+        unit.PurchCosts = random.Money(7);
+        unit.RentAtERV = random.Chance(30);
+        random.Shape(unit.BuildLine);
+        random.Shape(unit.SalesLine);
+        random.Shape(unit.RentLine);
     }
-    for (const char* const name : {"Site", "Fees", "Grants"}) {
-        TlotSection& section = AddSection(project, name, random.Of({"Costs", "Other"}));
-        section.Income = random.Chance(30);
-        for (int i = random.Below(5); i-- > 0;) {
-            AddRandomItem(random, section);
+    for (int i = random.Below(15); i-- > 0;) {
+        if (project.Sections.empty() || random.Chance(30)) {
+            AddSection(project, random.Of({"S", "T"}), "Costs").Income = random.Chance(30);
         }
+        TlotItem& item = AddItem(*project.Sections.back(), random.Of({"I", "J", "#K"}), 0);
+        item.Amount.Value = random.Money(9);
+        item.BaseFormula = random.Of({"SITEVALUE + build", "SECTION", "NETCAP+NONCAP", "GROSSRENT", "BUILD*2"});
+        item.Percentage = random.Chance(50);
+        item.Link = random.Chance(30);
+        random.Shape(item.Line);
     }
     for (int i = random.Below(4); i-- > 0;) {
-        AddRandomLoan(random, project);
+        TlotLoan& loan = project.Funding.Loans.Add();
+        loan.LoanType = random.Of({TlotLoanType::Standard, TlotLoanType::Cash, TlotLoanType::Linked});
+        loan.LoanSource = static_cast<TlotLoanSource>(random.Below(2));
+        loan.InterestRate.Value = random.Money(12);
+        loan.BorrowPercentage = random.Below(101);
+        loan.RepayPercentage = random.Below(101);
+        loan.Maximum = random.Chance(50) ? random.Money(200'000) : 0;
+        loan.Amount = random.Money(100'000);
+        loan.Start = random.Below(10);
+        loan.Period = 2 + random.Below(20);
+        loan.Base = random.Of({"BUILD", "SITEVALUE+S.TOTAL", "BUILD+T.#K"});
+        loan.LoanFees.Amount = random.Money(3);
+        loan.LoanFees.Percentage = random.Chance(50);
     }
     project.BaseValues.SiteValue.Amount = random.Money(500'000);
     project.Equity.InterestRate.Value = random.Money(10);
     project.Equity.CreditInterestRate = random.Money(4);
-    project.Equity.DiscountRate = random.Money(10);
 }

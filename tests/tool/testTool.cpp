@@ -222,6 +222,7 @@ TEST_F(Tool, SolveFindsTheSiteValueWithTheFilesOwnTargetSetAside) {
         EXPECT_EQ(Shape(json), "SiteValue calc");
         EXPECT_NEAR(json["SiteValue"], 1e6, 1);
         EXPECT_EQ(json["calc"]["project"]["SiteValue"], json["SiteValue"]);
+        EXPECT_EQ(json["calc"]["project"]["ResidualTarget"], 0);
         EXPECT_NEAR(json["calc"]["baseValues"]["PROFITONCOST"], 10, 0.001);
     }
     EXPECT_NEAR(std::stod(Lotcalc("solve --measure PROFIT --target 100000 --locale de_DE " + file).Out), 1e6, 1);
