@@ -88,6 +88,16 @@ public:
         }
     }
 
+    /// Makes a monthly array that a user may leave empty or short reach `count`: empty, it takes `value` throughout,
+    /// short, its last element goes on.
+    void Reach(int count, double value) {
+        if (IsEmpty()) {
+            Assign(count, value);
+        } else {
+            Extend(count);
+        }
+    }
+
     void EraseFront() {
         FValues.erase(FValues.begin());
         FLead = FLead > 0 ? FLead - 1 : 0;

@@ -22,11 +22,7 @@ void TlotEquity::Calculate(const TlotAdjust* adjust) {
     Interest.Values.Zero(count);
     CashflowIncludingInterest.Values.Zero(count);
     if (VariableRate) {
-        if (InterestRates.IsEmpty()) {
-            InterestRates.Assign(count, InterestRate.Value);
-        } else {
-            InterestRates.Extend(count);
-        }
+        InterestRates.Reach(count, InterestRate.Value);
     }
     RunMonths(adjust == nullptr ? 0 : adjust->InterestRate.Value);
     CalculateReturns();

@@ -4,20 +4,6 @@
 #include <algorithm>
 #include <array>
 
-namespace {
-
-/// Makes a monthly array that a user may leave empty or short reach `count`: empty, it takes `fixed` throughout, short,
-/// its last figure goes on.
-void PrepareMonths(TlotDoubles& months, int count, double fixed) {
-    if (months.IsEmpty()) {
-        months.Assign(count, fixed);
-    } else {
-        months.Extend(count);
-    }
-}
-
-} // namespace
-
 std::array<TlotCashflowItem*, 15> TlotLoan::Rows() {
     return {&CashflowIn,
             &BorrowingSource,
@@ -58,14 +44,14 @@ void TlotLoan::ClearResults() {
 
 void TlotLoan::PrepareRates(int count) {
     if (VariableRate) {
-        PrepareMonths(InterestRates, count, InterestRate.Value);
+        InterestRates.Reach(count, InterestRate.Value);
     }
 }
 
 void TlotLoan::PreparePercentages(int count) {
     if (VariablePercentage) {
-        PrepareMonths(RepayPercentages, count, RepayPercentage);
-        PrepareMonths(BorrowPercentages, count, BorrowPercentage);
+        RepayPercentages.Reach(count, RepayPercentage);
+        BorrowPercentages.Reach(count, BorrowPercentage);
     }
 }
 
