@@ -1,11 +1,12 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Targets of the tree. A folder without sources yet is passed over, so the tree configures at any stage.
 
-# lot_add_floor(<name> [DEPS floor...] [LIBS target...] [PUBLIC_LIBS target...])
+# lot_add_floor(<name> [QT] [DEPS floor...] [LIBS target...] [PUBLIC_LIBS target...])
 # The static library lot_<name> from src/<name>/*.cpp, standing on the floors in DEPS and on nothing above it.
-# LIBS are known to this floor alone. A floor without sources only passes on what lies below.
+# LIBS are known to this floor alone. QT: its classes may have signals. A floor without sources only passes on what
+# lies below.
 function(lot_add_floor name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "DEPS;LIBS;PUBLIC_LIBS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "DEPS;LIBS;PUBLIC_LIBS")
     set(target lot_${name})
     set(deps ${arg_DEPS})
     list(TRANSFORM deps PREPEND lot_)
@@ -15,6 +16,9 @@ function(lot_add_floor name)
         add_library(${target} STATIC ${sources} ${headers})
         target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
         target_link_libraries(${target} PUBLIC ${deps} ${arg_PUBLIC_LIBS} PRIVATE ${arg_LIBS})
+        if(arg_QT)
+            set_target_properties(${target} PROPERTIES AUTOMOC ON)
+        endif()
     else()
         add_library(${target} INTERFACE)
         target_include_directories(${target} INTERFACE "${PROJECT_SOURCE_DIR}/src")
@@ -37,6 +41,12 @@ function(lot_check_headers floor)
     endforeach()
     add_library(lot_${floor}_headers OBJECT ${units})
     target_link_libraries(lot_${floor}_headers PRIVATE lot_${floor} ${arg_LIBS})
+endfunction()
+
+# lot_add_icons(<floor>): share/icons/*.svg, as the resources :/icons/*.svg of that floor.
+function(lot_add_icons floor)
+    file(GLOB icons CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/share/icons/*.svg")
+    qt_add_resources(lot_${floor} icons PREFIX /icons BASE "${PROJECT_SOURCE_DIR}/share/icons" FILES ${icons})
 endfunction()
 
 # lot_define(<floor> definition...): for this floor and all above it.

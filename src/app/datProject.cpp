@@ -146,3 +146,7 @@ bool TProjectData::CheckUnitsShow() const {
     }
     return ready;
 }
+
+void TProjectData::BuildReportTables(TlotReportKind kind) {
+    ReportTables.BuildReportTables(kind, Project(), FLocale, {FileName, FOptions.Footer, FOptions.Company});
+}

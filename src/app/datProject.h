@@ -9,6 +9,7 @@
 #include "app/lotSystem.h"
 #include "common/vipNumber.h"
 #include "persistence/lotOptions.h"
+#include "reporting/lotReportTables.h"
 
 #include <string>
 
@@ -27,7 +28,8 @@ public:
     [[nodiscard]] TlotSAModelNew& SAModelNew() noexcept { return FSystem.SAModelNew; }
     [[nodiscard]] TlotSAModelOld& SAModelOld() noexcept { return FSystem.SAModelOld; }
 
-    std::string FileName; ///< Of the open project; set by whoever opened or saved it.
+    std::string FileName;          ///< Of the open project; set by whoever opened or saved it.
+    TlotReportTables ReportTables; ///< Copies for printing and charts, as of the last BuildReportTables.
 
     /// The one way in which the project is made current: one pass, then, with a residual target, the search for the
     /// site value that meets it. Always true. Throws what the pass throws; the site value is as it was then.
@@ -56,6 +58,9 @@ public:
     [[nodiscard]] bool CheckUnits(std::string& message) const;
     /// The same, telling the user.
     [[nodiscard]] bool CheckUnitsShow() const;
+
+    /// Pours the project, which must be current, into the report tables.
+    void BuildReportTables(TlotReportKind kind);
 
 private:
     [[nodiscard]] bool LoadHandheld(TlotReader& reader);

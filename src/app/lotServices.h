@@ -5,6 +5,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 
 enum class TlotMessageKind : std::uint8_t { Warning, Error, Information, Confirmation };
@@ -18,6 +20,42 @@ public:
 
     /// Tells `text`, which may have lines ending in CR LF, and waits for OK.
     virtual void Show(TlotMessageKind kind, std::string_view text) = 0;
+};
+
+enum class TlotAnswer : std::uint8_t { Yes, No, Cancel };
+
+/// Questions, of programs that have somebody to ask.
+class TlotQuestionService {
+public:
+    TlotQuestionService() = default;
+    TlotQuestionService(const TlotQuestionService&) = delete;
+    TlotQuestionService& operator=(const TlotQuestionService&) = delete;
+    virtual ~TlotQuestionService() = default;
+
+    /// With the buttons Yes, No and Cancel, Yes being the default; closing the box is Cancel.
+    [[nodiscard]] virtual TlotAnswer AskYesNoCancel(std::string_view text) = 0;
+};
+
+/// What a file dialog shows.
+struct TlotFileQuestion {
+    std::string Filter; ///< Captions and patterns in turn: "Lotmaster Files (*.lot)|*.lot|All Files (*.*)|*.*"
+    std::string Folder; ///< Where it begins.
+    std::string Name;   ///< Proposed; with a folder, that is where it begins.
+    std::string DefaultExtension; ///< Given to a name typed without one; no dot.
+};
+
+/// The dialogs that ask for a file. They remember, from call to call, the folder that the user went to.
+class TlotFileService {
+public:
+    TlotFileService() = default;
+    TlotFileService(const TlotFileService&) = delete;
+    TlotFileService& operator=(const TlotFileService&) = delete;
+    virtual ~TlotFileService() = default;
+
+    /// The full path of an existing file; nothing on Cancel.
+    [[nodiscard]] virtual std::optional<std::string> AskOpen(const TlotFileQuestion& question) = 0;
+    /// The full path to save under, the user having agreed to any overwriting; nothing on Cancel.
+    [[nodiscard]] virtual std::optional<std::string> AskSave(const TlotFileQuestion& question) = 0;
 };
 
 class TlotClock {

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The one place for the program's colours, fonts, spacing and icons. Screens take them from here and set none of their
+// own.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QIcon>
+#include <QString>
+
+class QApplication;
+
+namespace look {
+
+// Lengths in logical pixels.
+inline constexpr int Gap = 8;       ///< Between fields that belong together.
+inline constexpr int WideGap = 16;  ///< Between groups of fields.
+inline constexpr int Margin = 16;   ///< Around the contents of a panel or dialog.
+inline constexpr int IconSize = 20; ///< On buttons and in the navigation column.
+
+// Colours with a meaning. All others are roles of the palette.
+[[nodiscard]] QColor Missing(); ///< What is missing or negative: red.
+[[nodiscard]] QColor Accent();  ///< The firm colour of headings, the selection and the navigation column's mark.
+[[nodiscard]] QColor Subdued(); ///< Captions beside figures, hints.
+[[nodiscard]] QColor Rule();    ///< Hair lines between areas.
+[[nodiscard]] QColor Band();    ///< Every second row of a list.
+
+[[nodiscard]] QFont TextFont();
+[[nodiscard]] QFont HeadingFont(); ///< Of a panel's caption.
+[[nodiscard]] QFont FigureFont();  ///< Tabular digits.
+
+/// The icon of an action or view by the name of its file in share/icons, without the extension; drawn in the colour of
+/// the text, paler when disabled, crisp at any scale. A name that isn't there throws ELotError.
+[[nodiscard]] QIcon Icon(const QString& name);
+/// The program's own icon, in all its sizes.
+[[nodiscard]] QIcon ProgramIcon();
+
+/// Gives the application its style, palette, fonts and style sheet. Once, before any window.
+void Apply(QApplication& application);
+
+} // namespace look
