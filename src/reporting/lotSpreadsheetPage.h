@@ -20,7 +20,7 @@ enum class TlotAlignment : std::uint8_t { General, Left, Centre, Right }; ///< G
 
 /// How a cell looks. Colours are indices of the sheet's palette (SheetColour); 0 means none.
 struct TSpreadsheetStyle {
-    std::string Format; ///< "" (shortest text), ",0", "0.000%", or an accounting format as below.
+    std::string Format = {}; ///< "" (shortest text), ",0", "0.000%", or an accounting format as below.
     TlotAlignment Alignment = TlotAlignment::General;
     bool Bold = false;
     std::int8_t SizeDelta = 0; ///< Points on top of the page's font size.
@@ -126,4 +126,16 @@ private:
     int FRowCount = 0;
     int FColumnCount = 0;
     int FUpdating = 0;
+};
+
+/// A batch of changes for as long as it lives.
+class TSpreadsheetBatch {
+public:
+    explicit TSpreadsheetBatch(TSpreadsheetPage& page) : FPage(page) { FPage.BeginUpdate(); }
+    TSpreadsheetBatch(const TSpreadsheetBatch&) = delete;
+    TSpreadsheetBatch& operator=(const TSpreadsheetBatch&) = delete;
+    ~TSpreadsheetBatch() { FPage.EndUpdate(); }
+
+private:
+    TSpreadsheetPage& FPage;
 };

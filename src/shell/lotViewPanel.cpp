@@ -3,24 +3,71 @@
 
 #include "shell/lotLook.h"
 
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
-TViewPanel::TViewPanel(const QString& caption, QWidget* parent)
-    : QWidget(parent), FTools(new QHBoxLayout), FBody(new QVBoxLayout) {
-    auto* const label = new QLabel(caption, this);
-    label->setFont(look::HeadingFont());
-    label->setObjectName("lblPanelCaption");
+namespace {
 
-    auto* const head = new QHBoxLayout;
-    head->addWidget(label);
-    head->addStretch();
-    head->addLayout(FTools);
+constexpr int StripHeight = 48; // high enough for a row of tool buttons, so that captions stand alike in every view
+
+void SetColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
+    QPalette palette = widget.palette();
+    palette.setColor(role, colour);
+    widget.setPalette(palette);
+}
+
+} // namespace
+
+TViewPanel::TViewPanel(const QString& caption, QWidget* parent)
+    : QWidget(parent),
+      FCaption(new QLabel(caption, this)),
+      FHint(new QLabel(this)),
+      FTools(new QHBoxLayout),
+      FBody(new QVBoxLayout) {
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+
+    FCaption->setFont(look::HeadingFont());
+    FCaption->setObjectName("lblPanelCaption");
+    SetColour(*FCaption, QPalette::WindowText, look::Accent());
+    FHint->setObjectName("lblPanelHint");
+    FHint->setWordWrap(true);
+    FHint->hide();
+    SetColour(*FHint, QPalette::WindowText, look::Subdued());
+
+    auto* const strip = new QHBoxLayout;
+    strip->setContentsMargins(look::Margin, 0, look::Margin, 0);
+    strip->setSpacing(look::WideGap);
+    strip->addWidget(FCaption);
+    strip->addWidget(FHint, 1);
+    strip->addStretch();
+    strip->addLayout(FTools);
+    strip->addStrut(StripHeight);
+    FTools->setSpacing(look::Gap);
+
+    auto* const rule = new QFrame(this);
+    rule->setFixedHeight(1);
+    rule->setAutoFillBackground(true);
+    SetColour(*rule, QPalette::Window, look::Rule());
+
+    FBody->setContentsMargins(look::Margin, look::Margin, look::Margin, look::Margin);
+    FBody->setSpacing(look::Gap);
 
     auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(look::Margin, look::Gap, look::Margin, look::Margin);
-    layout->setSpacing(look::Gap);
-    layout->addLayout(head);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(strip);
+    layout->addWidget(rule);
     layout->addLayout(FBody, 1);
+}
+
+void TViewPanel::SetHint(const QString& text) {
+    FHint->setText(text);
+    FHint->setVisible(!text.isEmpty());
+}
+
+QString TViewPanel::Caption() const {
+    return FCaption->text();
 }

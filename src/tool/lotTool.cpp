@@ -92,6 +92,7 @@ std::vector<std::unique_ptr<TToolCommand>> AllToolCommands() {
     commands.push_back(std::make_unique<TNewCommand>());
     commands.push_back(std::make_unique<TTestProjectCommand>());
     commands.push_back(std::make_unique<TConvertCommand>());
+    commands.push_back(std::make_unique<TCashflowCommand>());
     commands.push_back(std::make_unique<TSolveCommand>());
     commands.push_back(std::make_unique<TSensitivityCommand>());
     commands.push_back(std::make_unique<TTablesCommand>());

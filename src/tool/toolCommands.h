@@ -4,6 +4,7 @@
 // by returning; failures are thrown.
 #pragma once
 
+#include "reporting/lotCashflowSheet.h"
 #include "tool/toolSession.h"
 
 #include <CLI/CLI.hpp>
@@ -78,6 +79,18 @@ private:
     std::string FMeasure;
     double FTarget = 0;
     bool FJson = false;
+};
+
+/// `cashflow FILE OUT`: the cashflow sheet as a workbook or as comma-separated values.
+class TCashflowCommand final : public TToolCommand {
+public:
+    CLI::App* Register(CLI::App& app) override;
+    void Run(TToolSession& session) override;
+
+private:
+    std::string FFile;
+    std::string FOut;
+    TlotCashflowSheetOptions FOptions;
 };
 
 [[nodiscard]] std::vector<std::unique_ptr<TToolCommand>> AllToolCommands();

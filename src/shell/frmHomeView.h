@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The start page: a logo and three texts, which a firm may replace by its own.
+#pragma once
+
+#include "shell/lotViewForm.h"
+
+#include <QString>
+
+class QLabel;
+class QVBoxLayout;
+class TBrandingText;
+
+class THomeViewForm : public TViewForm {
+public:
+    /// `brandingFolder`: the folder "Branding/Home" beside the program; it needn't exist. It is looked at once.
+    explicit THomeViewForm(const QString& brandingFolder, QWidget* parent = nullptr);
+
+    /// A link in one of the texts has been clicked. The built-in texts have "units", "costs", "summary", "appraisal",
+    /// "goalseek", "help" and "about"; a firm's own texts may use the same.
+    std::function<void(const QString& target)> OnLink;
+
+private:
+    QWidget* MakePage();
+    void LoadLogo();
+    void LoadText(TBrandingText& text, const QString& fileName, const QString& builtIn);
+
+    QString FFolder;
+    QLabel* FLogo; // All owned by this widget.
+    TBrandingText* FWelcome;
+    TBrandingText* FMain;
+    TBrandingText* FContact;
+};
