@@ -49,6 +49,13 @@ function(lot_add_icons floor)
     qt_add_resources(lot_${floor} icons PREFIX /icons BASE "${PROJECT_SOURCE_DIR}/share/icons" FILES ${icons})
 endfunction()
 
+# lot_add_guide(<floor>): docs/user-guide.md and the pictures in docs/images, as the resources :/help/* of that floor.
+function(lot_add_guide floor)
+    file(GLOB pictures CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/docs/images/*.png")
+    qt_add_resources(lot_${floor} guide PREFIX /help BASE "${PROJECT_SOURCE_DIR}/docs"
+        FILES "${PROJECT_SOURCE_DIR}/docs/user-guide.md" ${pictures})
+endfunction()
+
 # lot_define(<floor> definition...): for this floor and all above it.
 function(lot_define floor)
     get_target_property(type lot_${floor} TYPE)
@@ -71,17 +78,15 @@ function(lot_add_executable name)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/apps")
 endfunction()
 
-# lot_add_bench(): bench/*.cpp as the one program bench_lotmaster.
-function(lot_add_bench)
-    file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/bench/*.cpp")
-    if(NOT sources)
-        return()
-    endif()
+# lot_add_bench(<name> FOLDER folder FLOOR floor): *.cpp of that folder, built as bench/<name> in the build folder.
+function(lot_add_bench name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FOLDER;FLOOR" "")
+    file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${arg_FOLDER}/*.cpp")
     find_package(benchmark CONFIG REQUIRED)
-    add_executable(bench_lotmaster ${sources})
-    target_link_libraries(bench_lotmaster PRIVATE lot_app benchmark::benchmark)
-    target_compile_definitions(bench_lotmaster PRIVATE LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
-    set_target_properties(bench_lotmaster PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bench")
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE lot_${arg_FLOOR} benchmark::benchmark)
+    target_compile_definitions(${name} PRIVATE LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bench")
 endfunction()
 
 # lot_add_fuzz(<name> FLOOR floor): fuzz/<name>.cpp, built as fuzz/<name> in the build folder. Its test runs the seeds

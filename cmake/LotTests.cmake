@@ -19,15 +19,27 @@ target_compile_definitions(lot_test_support ${scope}
     LOTMASTER_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
     LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
 
-foreach(floor IN ITEMS common engine finance model sensitivity persistence reporting app tool)
+# The main of tests that need widgets.
+add_library(lot_qt_main OBJECT "${PROJECT_SOURCE_DIR}/tests/support/qt/lotQtMain.cpp")
+target_link_libraries(lot_qt_main PUBLIC GTest::gtest Qt6::Widgets Qt6::Test)
+
+foreach(floor IN ITEMS common engine finance model sensitivity persistence reporting app tool widgets shell)
     file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${floor}/*.cpp")
     if(NOT sources)
         continue()
     endif()
     add_executable(test_${floor} ${sources})
-    target_link_libraries(test_${floor} PRIVATE lot_test_support lot_${floor} GTest::gtest_main)
+    if(floor MATCHES "^(widgets|shell)$")
+        set(main lot_qt_main)
+        set(environment ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+    else()
+        set(main GTest::gtest_main)
+        set(environment)
+    endif()
+    target_link_libraries(test_${floor} PRIVATE lot_test_support lot_${floor} ${main})
     set_target_properties(test_${floor} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
-    gtest_discover_tests(test_${floor} TEST_PREFIX "${floor}." DISCOVERY_MODE PRE_TEST PROPERTIES LABELS ${floor} TIMEOUT 300)
+    gtest_discover_tests(test_${floor} TEST_PREFIX "${floor}." DISCOVERY_MODE PRE_TEST
+        PROPERTIES LABELS ${floor} TIMEOUT 300 ${environment})
 endforeach()
 
 if(TARGET lotcalc)

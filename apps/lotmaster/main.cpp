@@ -1,13 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The desktop program: makes the long-lived objects in order and hands over to the main window.
+#include "app/lotSystem.h"
+#include "shell/frmMain.h"
+#include "shell/frmSelectTemplate.h"
+#include "shell/lotApplication.h"
 #include "shell/lotLook.h"
-#include "shell/lotViewPanel.h"
+#include "shell/lotQtServices.h"
 
-#include <QApplication>
+#include <QTimer>
 
 int main(int argc, char* argv[]) {
-    QApplication application(argc, argv);
-    look::Apply(application);
-    TViewPanel panel("Lotmaster");
-    panel.show();
-    return QApplication::exec();
+    TLotApplication application(argc, argv);
+    TQtMessages messages;
+    const TFailureMessages failures(messages);
+    int result = 1;
+    Guarded([&] {
+        look::Apply(application);
+        const TlotStart start = ProcessStart(argc, argv);
+        TAppData appData(start, messages);
+        TlotSystemClock clock;
+        TQtBusy busy;
+        TlotSystem system(clock.Today());
+        const TlotServices services{messages, clock, busy};
+        TProjectData data(system, appData.Options, services, start.Locale);
+        TQtQuestions questions;
+        TQtFiles files;
+        TQtTemplateChooser templates;
+
+        TMainForm form({appData, data, services, questions, files, templates, start.Locale});
+        form.FormCreate();
+        form.show();
+        QTimer::singleShot(0, &form, [&] { form.OpenArgument(start.Arguments); });
+        result = TLotApplication::exec();
+    });
+    return result;
 }

@@ -32,7 +32,7 @@ const QString& MainText() {
                                "<td style='padding-bottom:11px'>%2</td></tr>";
     static const QString Text =
         "<h2 style='font-size:13pt; font-weight:600; margin:0 0 12px 0'>Getting Started</h2>"
-        "<table cellspacing='0' cellpadding='0' width='100%'>" +
+        "<table cellspacing='0' cellpadding='0' width='100%' style='margin-top:12px'>" +
         Row.arg("units", "Click on the <a href='units'><B>Units</B></a> icons on the left hand side of the screen to "
                          "enter build units for the development.") +
         Row.arg("costs", "Click on the <a href='costs'><B>Costs</B></a> icon on the left hand side of the screen to "
@@ -85,6 +85,8 @@ THomeViewForm::THomeViewForm(const QString& brandingFolder, QWidget* parent)
     FMain->setObjectName("txtMain");
     FContact->setObjectName("txtContact");
 
+    setObjectName("HomeViewForm");
+    setObjectName("HomeViewForm");
     auto* const panel = new TViewPanel("Home", this);
     auto* const scroll = new QScrollArea(panel);
     scroll->setFrameShape(QFrame::NoFrame);

@@ -10,31 +10,38 @@
 #include <QString>
 
 class QApplication;
+class QFrame;
 
 namespace look {
 
 // Lengths in logical pixels.
+inline constexpr int SmallGap = 4;  ///< Between a field and what hangs on it, such as its button.
 inline constexpr int Gap = 8;       ///< Between fields that belong together.
 inline constexpr int WideGap = 16;  ///< Between groups of fields.
 inline constexpr int Margin = 16;   ///< Around the contents of a panel or dialog.
 inline constexpr int IconSize = 20; ///< On buttons and in the navigation column.
 
 // Colours with a meaning. All others are roles of the palette.
-[[nodiscard]] QColor Missing(); ///< What is missing or negative: red.
-[[nodiscard]] QColor Accent();  ///< The firm colour of headings, the selection and the navigation column's mark.
-[[nodiscard]] QColor Subdued(); ///< Captions beside figures, hints.
-[[nodiscard]] QColor Rule();    ///< Hair lines between areas.
-[[nodiscard]] QColor Band();    ///< Every second row of a list.
+[[nodiscard]] QColor Missing();    ///< What is missing or negative: red.
+[[nodiscard]] QColor Accent();     ///< The firm colour of headings, the selection and the navigation column's mark.
+[[nodiscard]] QColor AccentTint(); ///< Behind what the mouse is over, and behind the current view's entry.
+[[nodiscard]] QColor Subdued();    ///< Captions beside figures, hints.
+[[nodiscard]] QColor Rule();       ///< Hair lines between areas.
+[[nodiscard]] QColor Band();       ///< Every second row of a list.
 
 [[nodiscard]] QFont TextFont();
 [[nodiscard]] QFont HeadingFont(); ///< Of a panel's caption.
 [[nodiscard]] QFont FigureFont();  ///< Tabular digits.
 
 /// The icon of an action or view by the name of its file in share/icons, without the extension; drawn in the colour of
-/// the text, paler when disabled, crisp at any scale. A name that isn't there throws ELotError.
+/// the text, paler when disabled, in the accent under the mouse and when checked, crisp at any scale. A name that isn't
+/// there throws ELotError.
 [[nodiscard]] QIcon Icon(const QString& name);
 /// The program's own icon, in all its sizes.
 [[nodiscard]] QIcon ProgramIcon();
+
+/// Gives a frame the outline of a card: a white area with a hair line and round corners; tinted, a pale one.
+void MakeCard(QFrame& frame, bool tinted = false);
 
 /// Gives the application its style, palette, fonts and style sheet. Once, before any window.
 void Apply(QApplication& application);

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Shows a sheet: draws what is visible of it, keeps its frozen rows and columns in view, and lets cells be selected,
+// copied and, where the view that owns the sheet allows it, edited. Scrolls by whole rows and columns.
+//
+// Keys: arrows, Home, End, Page Up and Page Down move, with Shift they extend the selection, with Ctrl they jump to the
+// next border between filled and empty cells or to the ends of the sheet. Ctrl+A selects all, Ctrl+C copies. F2, typing
+// or a double click edits; Enter, Tab and the vertical arrows end that, Escape takes it back. Tab outside of an edit
+// leaves the sheet.
+#pragma once
+
+#include "common/vipNumber.h"
+#include "reporting/lotSpreadsheetPage.h"
+#include "widgets/lotSheetGeometry.h"
+
+#include <QAbstractScrollArea>
+#include <functional>
+#include <memory>
+
+class QLineEdit;
+
+/// A rectangle of cells, both ends included; empty while the sheet has no cells.
+struct TSheetSelection {
+    int Left = -1;
+    int Top = -1;
+    int Right = -1;
+    int Bottom = -1;
+
+    [[nodiscard]] bool IsEmpty() const noexcept { return Left < 0; }
+    [[nodiscard]] bool Holds(int row, int column) const noexcept {
+        return row >= Top && row <= Bottom && column >= Left && column <= Right;
+    }
+    friend bool operator==(const TSheetSelection&, const TSheetSelection&) = default;
+};
+
+class TSpreadsheetView : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    /// Takes over the page's OnChange. The page outlives the view.
+    TSpreadsheetView(TSpreadsheetPage& page, const TNumberLocale& locale, QWidget* parent = nullptr);
+    ~TSpreadsheetView() override;
+
+    /// May that cell be edited? Without it none may.
+    std::function<bool(int row, int column)> OnEditing;
+    /// The text that was typed into a cell.
+    std::function<void(int row, int column, const std::string& text)> OnEndEdit;
+    /// The Delete key.
+    std::function<void(const TSheetSelection&)> OnClearCells;
+    /// Sees every key first; true: that was it.
+    std::function<bool(QKeyEvent&)> OnKeyDown;
+    std::function<void(const QPoint& globalPosition)> OnContextMenu;
+    std::function<void()> OnSelectionChange;
+
+    [[nodiscard]] TSheetSelection Selection() const noexcept;
+    /// Selects from one corner to the other, which is made the current cell and brought into view.
+    void Select(int anchorRow, int anchorColumn, int row, int column);
+    void Select(int row, int column) { Select(row, column, row, column); }
+    [[nodiscard]] int CurrentRow() const noexcept { return FRow; }
+    [[nodiscard]] int CurrentColumn() const noexcept { return FColumn; }
+
+    /// The place of a cell in the viewport; empty while it is out of view.
+    [[nodiscard]] QRect CellRect(int row, int column) const;
+    /// The cell at a place of the viewport, or (-1, -1).
+    struct TPlace {
+        int Row = -1;
+        int Column = -1;
+    };
+    [[nodiscard]] TPlace CellAt(const QPoint& position) const;
+    /// The selection as text: a tab between cells, a line for each row.
+    [[nodiscard]] QString SelectedText() const;
+    /// How many cells the last painting drew: a sheet's size doesn't matter to it.
+    [[nodiscard]] int PaintedCells() const noexcept { return FPaintedCells; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {800, 480}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// A part of the viewport with rows and columns of its own.
+    struct TRegion {
+        QRect Clip;
+        int FirstRow;
+        int LastRow;
+        int FirstColumn;
+        int LastColumn;
+    };
+
+    void PageChanged();
+    void Relayout();
+    void UpdateScrollBars();
+    void BringIntoView(int row, int column);
+    [[nodiscard]] int HeaderHeight() const;
+    [[nodiscard]] int FrozenRows() const;
+    [[nodiscard]] int FrozenColumns() const;
+    [[nodiscard]] int FirstScrolledRow() const;
+    [[nodiscard]] int FirstScrolledColumn() const;
+    // In the viewport.
+    [[nodiscard]] double X(int column) const;
+    [[nodiscard]] double Y(int row) const;
+    [[nodiscard]] double FrozenWidth() const;
+    [[nodiscard]] double FrozenHeight() const; ///< With the header.
+
+    [[nodiscard]] std::vector<TRegion> Regions() const;
+    void PaintRegion(QPainter& painter, const TRegion& region, const TSheetPainter& cells);
+    void PaintText(QPainter& painter, const TRegion& region, const TSheetPainter& cells, int row, int column) const;
+    void PaintSelection(QPainter& painter, const TRegion& region) const;
+    void PaintHeader(QPainter& painter) const;
+    void PaintEdges(QPainter& painter) const;
+
+    bool MoveByKey(const QKeyEvent& event);
+    [[nodiscard]] TPlace Jump(int rowStep, int columnStep) const;
+    void MoveTo(int row, int column, bool extend);
+    void BeginEdit(const QString& text, bool selectAll);
+    void EndEdit(bool keep);
+    [[nodiscard]] QString EditText() const;
+
+    TSpreadsheetPage& FPage;
+    TNumberLocale FLocale;
+    std::unique_ptr<TSheetFonts> FFonts;
+    std::unique_ptr<TSheetGeometry> FGeometry;
+    int FRow = -1;
+    int FColumn = -1;
+    int FAnchorRow = -1;
+    int FAnchorColumn = -1;
+    int FPaintedCells = 0;
+    QLineEdit* FEditor = nullptr; // Owned by the viewport; null outside of an edit.
+};

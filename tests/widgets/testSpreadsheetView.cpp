@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// The sheet on screen: keys and clicks in, selection, edits, clipboard and visible cells out.
+#include "support/lotFiles.h"
+#include "widgets/lotSheetPreview.h"
+#include "widgets/lotSheetPrinter.h"
+#include "widgets/lotSpreadsheetView.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPdfWriter>
+#include <QScrollBar>
+#include <QTest>
+#include <set>
+
+namespace {
+
+/// A cashflow of 60 rows by 100 months: labels, and in each cell the place it stands at.
+void Fill(TSpreadsheetPage& page, int rows = 60, int columns = 100) {
+    const TSpreadsheetBatch batch(page);
+    page.Clear();
+    page.FrozenRows = 1;
+    page.FrozenColumns = 1;
+    page.SetColumnWidth(0, 120);
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            if (column == 0) {
+                page.SetText(row, 0, "Row " + std::to_string(row), 0);
+            } else {
+                page.SetNumber(row, column, 1000 * row + column,
+                               page.Style({.Format = std::string(AccountingRedFormat)}));
+            }
+        }
+    }
+}
+
+class SpreadsheetView : public testing::Test {
+protected:
+    SpreadsheetView() : FView(FPage, PointLocale) {
+        Fill(FPage);
+        FView.resize(600, 300);
+        FView.show();
+        FView.setFocus();
+    }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&FView, key, modifiers); }
+    [[nodiscard]] std::string Place() const {
+        const TSheetSelection s = FView.Selection();
+        return std::to_string(s.Top) + "," + std::to_string(s.Left) + ":" + std::to_string(s.Bottom) + "," +
+               std::to_string(s.Right);
+    }
+    void Click(int row, int column, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::mouseClick(FView.viewport(), Qt::LeftButton, modifiers, FView.CellRect(row, column).center());
+    }
+
+    TSpreadsheetPage FPage;
+    TSpreadsheetView FView;
+};
+
+TEST_F(SpreadsheetView, KeysMoveAndExtendTheSelection) {
+    struct TStep {
+        Qt::Key Key;
+        Qt::KeyboardModifiers Modifiers;
+        const char* Place;
+    };
+    FView.Select(1, 1);
+    for (const TStep& step : {TStep{Qt::Key_Right, {}, "1,2:1,2"},
+                              {Qt::Key_Down, Qt::ShiftModifier, "1,2:2,2"},
+                              {Qt::Key_Right, Qt::ShiftModifier, "1,2:2,3"},
+                              {Qt::Key_Up, {}, "1,3:1,3"},
+                              {Qt::Key_Home, {}, "1,0:1,0"},
+                              {Qt::Key_Up, {}, "0,0:0,0"},
+                              {Qt::Key_Up, {}, "0,0:0,0"},
+                              {Qt::Key_End, Qt::ControlModifier, "59,99:59,99"},
+                              {Qt::Key_Right, {}, "59,99:59,99"},
+                              {Qt::Key_Left, Qt::ControlModifier, "59,0:59,0"},
+                              {Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier, "0,0:59,0"},
+                              {Qt::Key_A, Qt::ControlModifier, "0,0:59,99"}}) {
+        Press(step.Key, step.Modifiers);
+        EXPECT_EQ(Place(), step.Place) << step.Key;
+    }
+}
+
+TEST_F(SpreadsheetView, FrozenPartsStayWhileTheRestScrolls) {
+    const QRect label = FView.CellRect(1, 0);
+    FView.Select(40, 70);
+    EXPECT_FALSE(FView.CellRect(40, 70).isEmpty()) << "brought into view";
+    EXPECT_TRUE(FView.CellRect(1, 1).isEmpty()) << "scrolled away";
+    EXPECT_EQ(FView.CellRect(40, 0).left(), label.left());
+    EXPECT_EQ(FView.CellRect(40, 0).width(), label.width());
+    EXPECT_EQ(FView.CellRect(0, 70).top(), 0);
+    // A click finds the scrolled cell, and the frozen label of its row.
+    Click(40, 0);
+    EXPECT_EQ(Place(), "40,0:40,0");
+    const QPoint beside = FView.CellRect(40, 70).center();
+    EXPECT_EQ(FView.CellAt(beside).Column, 70);
+}
+
+TEST_F(SpreadsheetView, DrawsOnlyWhatIsVisible) {
+    FView.grab();
+    const int small = FView.PaintedCells();
+    EXPECT_GT(small, 30);
+    EXPECT_LT(small, 400);
+    Fill(FPage, 600, 1000);
+    FView.grab();
+    EXPECT_EQ(FView.PaintedCells(), small) << "A larger sheet costs no more.";
+}
+
+TEST_F(SpreadsheetView, MouseSelectsRectanglesAndCopyTakesThem) {
+    Click(2, 1);
+    Click(3, 2, Qt::ShiftModifier);
+    EXPECT_EQ(Place(), "2,1:3,2");
+    QTest::mousePress(FView.viewport(), Qt::LeftButton, {}, FView.CellRect(1, 0).center());
+    QTest::mouseMove(FView.viewport(), FView.CellRect(2, 1).center());
+    QTest::mouseRelease(FView.viewport(), Qt::LeftButton, {}, FView.CellRect(2, 1).center());
+    EXPECT_EQ(Place(), "1,0:2,1");
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Row 1\t1,001\nRow 2\t2,001");
+}
+
+TEST_F(SpreadsheetView, EditsOnlyWhereTheOwnerAllowsIt) {
+    Click(2, 2);
+    QTest::keyClicks(&FView, "5");
+    EXPECT_EQ(FView.findChild<QLineEdit*>("edtCell"), nullptr);
+
+    std::string log;
+    FView.OnEditing = [](int, int column) { return column > 0; };
+    FView.OnEndEdit = [&](int row, int column, const std::string& text) {
+        log += std::to_string(row) + "," + std::to_string(column) + "=" + text + "|";
+    };
+    const auto type = [&](const char* text, Qt::Key end) {
+        QTest::keyClicks(&FView, QString(text).left(1));
+        auto* const editor = FView.findChild<QLineEdit*>("edtCell");
+        ASSERT_NE(editor, nullptr);
+        QTest::keyClicks(editor, QString(text).mid(1));
+        QTest::keyClick(editor, end);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    type("12", Qt::Key_Return);
+    type("34", Qt::Key_Tab);
+    type("56", Qt::Key_Escape);
+    type("78", Qt::Key_Down);
+    EXPECT_EQ(log, "2,2=12|2,2=34|2,3=78|");
+    EXPECT_EQ(Place(), "3,3:3,3");
+    Press(Qt::Key_F2);
+    EXPECT_EQ(FView.findChild<QLineEdit*>("edtCell")->text(), "3,003");
+    FView.Select(2, 0);
+    QTest::keyClick(&FView, Qt::Key_F2);
+    TSheetSelection cleared;
+    FView.OnClearCells = [&](const TSheetSelection& selection) { cleared = selection; };
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(cleared, FView.Selection());
+}
+
+TEST_F(SpreadsheetView, ASmallerSheetKeepsSelectionAndScrollWithinIt) {
+    FView.Select(59, 99);
+    Fill(FPage, 3, 4);
+    EXPECT_EQ(Place(), "2,3:2,3");
+    EXPECT_EQ(FView.horizontalScrollBar()->value(), 0);
+    FPage.Clear();
+    EXPECT_TRUE(FView.Selection().IsEmpty());
+    FView.grab();
+    Press(Qt::Key_Down);
+    Press(Qt::Key_C, Qt::ControlModifier);
+}
+
+TEST(SheetPrinter, EveryCellIsPrintedOnceUnderItsLabels) {
+    TSpreadsheetPage page;
+    Fill(page, 90, 40);
+    const std::uint16_t heading = page.Style({.Bold = true, .SizeDelta = 2});
+    for (int row = 1; row < 90; row += 7) {
+        page.SetText(row, 0, "Heading", heading);
+    }
+    TTempFolder folder;
+    QPdfWriter writer(QString::fromStdString(folder.File("a.pdf")));
+    writer.setResolution(96);
+    const TSheetFonts fonts(page, &writer);
+    const TSheetGeometry geometry(page, fonts, 1);
+    struct TCase {
+        double Width;
+        double Height;
+    };
+    for (const TCase& paper : {TCase{900, 500}, {400, 1200}, {130, 30}}) {
+        std::vector<bool> headings;
+        for (int row = 0; row < 90; ++row) {
+            headings.push_back(page.StyleOf(page.Cell(row, 0)).SizeDelta > 0);
+        }
+        std::set<std::pair<int, int>> printed;
+        std::size_t cells = 0;
+        for (const TSheetPageRange& range : PaginateSheet(geometry, 1, 1, paper.Width, paper.Height, headings)) {
+            for (int row = range.FirstRow; row <= range.LastRow; ++row) {
+                for (int column = range.FirstColumn; column <= range.LastColumn; ++column) {
+                    printed.emplace(row, column);
+                    ++cells;
+                }
+            }
+            const bool several = range.LastRow > range.FirstRow;
+            EXPECT_FALSE(several && headings[static_cast<std::size_t>(range.LastRow)]) << "a heading left alone";
+        }
+        EXPECT_EQ(cells, 89U * 39U);
+        EXPECT_EQ(printed.size(), cells);
+    }
+}
+
+TEST(SheetPreview, SavesAllPagesOrTellsWhyNot) {
+    TSpreadsheetPage page;
+    page.Title = "Cashflow";
+    Fill(page, 90, 40);
+    TTempFolder folder;
+    TSheetPreview preview(page, "Cashflow", PointLocale, [](const QString&) { return QIcon(); });
+    preview.show();
+    EXPECT_GT(preview.PageCount(), 3);
+    const std::string name = folder.File("a.pdf");
+    preview.AskPdfName = [&] { return QString::fromStdString(name); };
+    preview.findChild<QAction*>("act-pdf")->trigger();
+    const std::string pdf = ReadBytes(name);
+    EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
+    std::size_t pages = 0;
+    for (std::size_t at = pdf.find("/Type /Page\n"); at != std::string::npos; at = pdf.find("/Type /Page\n", at + 1)) {
+        ++pages;
+    }
+    EXPECT_EQ(static_cast<int>(pages), preview.PageCount());
+    EXPECT_THROW(preview.SavePdf(folder.File("none/a.pdf")), std::runtime_error);
+}
+
+} // namespace
