@@ -18,17 +18,13 @@ constexpr int PictureSize = 96;
 constexpr int BoxWidth = 500;
 constexpr int EdgeWidth = 6; // the accent along the left side
 
-QLabel* AddLine(QVBoxLayout& layout, const QString& name, const QString& text, const QFont& font,
-                const QColor& colour) {
+void AddLine(QVBoxLayout& layout, const QString& name, const QString& text, const QFont& font, const QColor& colour) {
     auto* const label = new QLabel(text);
     label->setObjectName(name);
     label->setFont(font);
     label->setWordWrap(true);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, colour);
-    label->setPalette(palette);
+    look::SetTextColour(*label, colour);
     layout.addWidget(label);
-    return label;
 }
 
 } // namespace

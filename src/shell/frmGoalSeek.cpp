@@ -17,9 +17,7 @@ constexpr int FieldWidth = 170;
 
 QLabel* Note(const QString& text, QWidget* parent) {
     auto* const label = new QLabel(text, parent);
-    QPalette quiet = label->palette();
-    quiet.setColor(QPalette::WindowText, look::Subdued());
-    label->setPalette(quiet);
+    look::SetTextColour(*label, look::Subdued());
     return label;
 }
 

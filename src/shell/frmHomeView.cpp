@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int PageWidth = 1080; // lines of text grow too long to read beyond it
+constexpr int PageWidth = 1240; // lines of text grow too long to read beyond it
 constexpr int ContactWidth = 320;
 constexpr int ProgramLogo = 88;
 constexpr QSize LogoBound{360, 120};
@@ -31,8 +31,8 @@ const QString& MainText() {
     static const QString Row = "<tr><td width='34'><img src='icon:%1' width='20' height='20'></td>"
                                "<td style='padding-bottom:11px'>%2</td></tr>";
     static const QString Text =
-        "<h2 style='font-size:13pt; font-weight:600; margin:0 0 12px 0'>Getting Started</h2>"
-        "<table cellspacing='0' cellpadding='0' width='100%' style='margin-top:12px'>" +
+        "<h2 style='font-size:13pt; font-weight:600; margin:0'>Getting Started</h2>"
+        "<table style='margin-top:12px' cellspacing='0' cellpadding='0' width='100%'>" +
         Row.arg("units", "Click on the <a href='units'><B>Units</B></a> icons on the left hand side of the screen to "
                          "enter build units for the development.") +
         Row.arg("costs", "Click on the <a href='costs'><B>Costs</B></a> icon on the left hand side of the screen to "
@@ -56,8 +56,10 @@ const QString& ContactText() {
         "guides "
         "installed with the program describe its files, settings and report tables.</p>"
         "<p style='margin:0 0 10px 0'>For anything they leave open, ask whoever supplied Tarvane Lotmaster to you.</p>"
-        "<p style='margin:0'>Lotmaster is free software: you may use, share and change it under the GNU General Public "
-        "License, version 3 or later. <a href='about'>About Lotmaster</a></p>";
+        "<p style='margin:0 0 10px 0'>Lotmaster is free software: you may use, share and change it under the GNU "
+        "General "
+        "Public License, version 3 or later.</p>"
+        "<p style='margin:0'><a href='about'>About Lotmaster</a></p>";
     return Text;
 }
 
@@ -85,7 +87,6 @@ THomeViewForm::THomeViewForm(const QString& brandingFolder, QWidget* parent)
     FMain->setObjectName("txtMain");
     FContact->setObjectName("txtContact");
 
-    setObjectName("HomeViewForm");
     setObjectName("HomeViewForm");
     auto* const panel = new TViewPanel("Home", this);
     auto* const scroll = new QScrollArea(panel);
@@ -131,7 +132,7 @@ QWidget* THomeViewForm::MakePage() {
     columnLayout->setSpacing(look::WideGap);
     columnLayout->addWidget(hero);
     columnLayout->addLayout(cards);
-    columnLayout->addStretch();
+    columnLayout->addStretch(1); // takes all that the cards don't need
 
     auto* const page = new QWidget;
     auto* const pageLayout = new QHBoxLayout(page);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/lotBranding.h"
 
+#include "common/vipErrors.h"
 #include "shell/lotLook.h"
 
 #include <QDesktopServices>
@@ -140,7 +141,11 @@ QVariant TBrandingText::loadResource(int type, const QUrl& name) {
         return {};
     }
     if (name.scheme() == "icon") {
-        return look::Icon(name.path()).pixmap(QSize(look::IconSize, look::IconSize), devicePixelRatioF());
+        try {
+            return look::Icon(name.path()).pixmap(QSize(look::IconSize, look::IconSize), devicePixelRatioF());
+        } catch (const ELotError&) {
+            return {}; // A firm's own text may ask for anything.
+        }
     }
     // A bare file name only: no scheme, no way out of the folder.
     const QString file = name.path();

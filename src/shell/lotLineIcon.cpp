@@ -64,13 +64,15 @@ private:
 
     QPixmap Paint(const QSize& size, const QColor& colour, double opacity) const {
         QSvgRenderer renderer(QByteArray(FDrawing).replace("currentColor", colour.name().toLatin1()));
-        QSizeF drawn = renderer.viewBoxF().size().scaled(size, Qt::KeepAspectRatio);
+        const QSizeF drawn = renderer.viewBoxF().size().scaled(size, Qt::KeepAspectRatio);
         QPixmap result(size);
         result.fill(Qt::transparent);
         QPainter painter(&result);
-        painter.setOpacity(opacity);
         renderer.render(&painter, QRectF((size.width() - drawn.width()) / 2, (size.height() - drawn.height()) / 2,
                                          drawn.width(), drawn.height()));
+        // All at once: lines that cross would show it if each were pale for itself.
+        painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+        painter.fillRect(result.rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity)));
         return result;
     }
 

@@ -8,6 +8,7 @@
 #include <QPalette>
 #include <QStyleFactory>
 #include <QToolTip>
+#include <QWidget>
 
 namespace look {
 
@@ -52,7 +53,7 @@ QPalette LightPalette() {
 
 // Only what Fusion's own drawing makes heavy: its gradients on buttons, the sunken group boxes, the dark bar in menus.
 // Fields, lists, tabs and scroll bars stay Fusion's. %1 accent, %2 its tint, %3 rule, %4 border of a button, %5 faint
-// text, %6 a pale ground, %7 a darker accent.
+// text, %6 a pale ground, %7 the accent pressed.
 constexpr auto StyleSheet = R"(
 QPushButton { background: white; border: 1px solid %4; border-radius: 4px; padding: 4px 14px; min-height: 18px; }
 QPushButton:hover { background: %2; border-color: %1; }
@@ -87,10 +88,10 @@ QMenu::separator { height: 1px; background: %3; margin: 4px 8px; }
 QToolTip { background: white; color: #1E272E; border: 1px solid %4; padding: 3px 6px; }
 QStatusBar::item { border: none; }
 
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+
 QFrame[card="plain"] { background: white; border: 1px solid %3; border-radius: 8px; }
 QFrame[card="tinted"] { background: %6; border: none; border-radius: 8px; }
-
-QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 )";
 
 QString FilledStyleSheet() {
@@ -162,6 +163,14 @@ QIcon ProgramIcon() {
         icon.addPixmap(LineIcon("lotmaster").pixmap(QSize(size, size), 1.0));
     }
     return icon;
+}
+
+void SetTextColour(QWidget& widget, const QColor& colour) {
+    // Without a role of its own a widget takes the one that goes with its parent's ground.
+    widget.setForegroundRole(QPalette::WindowText);
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::WindowText, colour);
+    widget.setPalette(palette);
 }
 
 void MakeCard(QFrame& frame, bool tinted) {

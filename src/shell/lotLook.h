@@ -11,6 +11,7 @@
 
 class QApplication;
 class QFrame;
+class QWidget;
 
 namespace look {
 
@@ -40,6 +41,8 @@ inline constexpr int IconSize = 20; ///< On buttons and in the navigation column
 /// The program's own icon, in all its sizes.
 [[nodiscard]] QIcon ProgramIcon();
 
+/// Gives a label its colour, whatever ground it stands on.
+void SetTextColour(QWidget& widget, const QColor& colour);
 /// Gives a frame the outline of a card: a white area with a hair line and round corners; tinted, a pale one.
 void MakeCard(QFrame& frame, bool tinted = false);
 

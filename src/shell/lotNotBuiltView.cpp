@@ -25,9 +25,7 @@ TNotBuiltView::TNotBuiltView(const QString& screen, QWidget* parent) : TViewForm
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
     text->setAlignment(Qt::AlignHCenter);
-    QPalette palette = text->palette();
-    palette.setColor(QPalette::WindowText, look::Subdued());
-    text->setPalette(palette);
+    look::SetTextColour(*text, look::Subdued());
 
     panel->Body().addStretch(2);
     panel->Body().addWidget(picture);

@@ -83,9 +83,7 @@ TStatusPanel::TStatusPanel(const TProjectData& projectData, const TNumberLocale&
 QLabel* TStatusPanel::AddRow(QGridLayout& grid, int row, int column, const QString& caption, QLabel* value,
                              const char* name) {
     auto* const label = new QLabel(caption, this);
-    QPalette quiet = label->palette();
-    quiet.setColor(QPalette::WindowText, look::Subdued());
-    label->setPalette(quiet);
+    look::SetTextColour(*label, look::Subdued());
     value->setObjectName(name);
     value->setFont(look::FigureFont());
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -101,11 +99,9 @@ void TStatusPanel::SetText(QLabel& label, const QString& text, bool red) {
     if (label.text() != text) {
         label.setText(text);
     }
-    const QColor colour = red ? look::Missing() : palette().color(QPalette::WindowText);
-    if (label.palette().color(QPalette::WindowText) != colour) {
-        QPalette painted = label.palette();
-        painted.setColor(QPalette::WindowText, colour);
-        label.setPalette(painted);
+    if (label.property("red") != red) {
+        label.setProperty("red", red);
+        look::SetTextColour(label, red ? look::Missing() : palette().color(QPalette::Text));
     }
 }
 

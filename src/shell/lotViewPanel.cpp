@@ -12,12 +12,6 @@ namespace {
 
 constexpr int StripHeight = 48; // high enough for a row of tool buttons, so that captions stand alike in every view
 
-void SetColour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
-    QPalette palette = widget.palette();
-    palette.setColor(role, colour);
-    widget.setPalette(palette);
-}
-
 } // namespace
 
 TViewPanel::TViewPanel(const QString& caption, QWidget* parent)
@@ -31,11 +25,11 @@ TViewPanel::TViewPanel(const QString& caption, QWidget* parent)
 
     FCaption->setFont(look::HeadingFont());
     FCaption->setObjectName("lblPanelCaption");
-    SetColour(*FCaption, QPalette::WindowText, look::Accent());
+    look::SetTextColour(*FCaption, look::Accent());
     FHint->setObjectName("lblPanelHint");
     FHint->setWordWrap(true);
     FHint->hide();
-    SetColour(*FHint, QPalette::WindowText, look::Subdued());
+    look::SetTextColour(*FHint, look::Subdued());
 
     auto* const strip = new QHBoxLayout;
     strip->setContentsMargins(look::Margin, 0, look::Margin, 0);
@@ -50,7 +44,10 @@ TViewPanel::TViewPanel(const QString& caption, QWidget* parent)
     auto* const rule = new QFrame(this);
     rule->setFixedHeight(1);
     rule->setAutoFillBackground(true);
-    SetColour(*rule, QPalette::Window, look::Rule());
+    rule->setBackgroundRole(QPalette::Window);
+    QPalette palette = rule->palette();
+    palette.setColor(QPalette::Window, look::Rule());
+    rule->setPalette(palette);
 
     FBody->setContentsMargins(look::Margin, look::Margin, look::Margin, look::Margin);
     FBody->setSpacing(look::Gap);

@@ -42,7 +42,7 @@ TSheetPreview::TSheetPreview(const TSpreadsheetPage& page, const QString& title,
     setObjectName("SheetPreview");
     setWindowTitle("Print Preview - " + title);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(1100, 760);
+    resize(1100, 720);
     FPrinter->setDocName(title);
     FPrinter->setPageSize(QPageSize(QPageSize::A4));
     FPrinter->setPageOrientation(QPageLayout::Landscape);

@@ -44,7 +44,8 @@ protected:
     }
     [[nodiscard]] QString Label(const char* name) const { return FForm->findChild<QLabel*>(name)->text(); }
     [[nodiscard]] bool Red(const char* name) const {
-        const QColor colour = FForm->findChild<QLabel*>(name)->palette().color(QPalette::WindowText);
+        const auto* const label = FForm->findChild<QLabel*>(name);
+        const QColor colour = label->palette().color(label->foregroundRole());
         return colour.red() > 150 && colour.green() < 100;
     }
     [[nodiscard]] std::string Front() const { return FForm->Views().FrontView().objectName().toStdString(); }
