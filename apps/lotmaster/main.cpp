@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The desktop program: makes the long-lived objects in order and hands over to the main window.
+#include "app/lotFailures.h"
 #include "app/lotSystem.h"
 #include "shell/frmMain.h"
 #include "shell/frmSelectTemplate.h"
@@ -31,7 +32,7 @@ int main(int argc, char* argv[]) {
         TMainForm form({appData, data, services, questions, files, templates, start.Locale});
         form.FormCreate();
         form.show();
-        QTimer::singleShot(0, &form, [&] { form.OpenArgument(start.Arguments); });
+        QTimer::singleShot(0, &form, [&] { Guarded([&] { form.OpenArgument(start.Arguments); }); });
         result = TLotApplication::exec();
     });
     return result;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/frmCashflowView.h"
 
+#include "app/lotFailures.h"
 #include "reporting/lotCashflowSheet.h"
 #include "reporting/lotWorkbook.h"
 #include "shell/lotLook.h"
@@ -39,8 +40,8 @@ TCashflowViewForm::TCashflowViewForm(const TlotDesktop& desktop)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(panel);
 
-    connect(save, &QPushButton::clicked, this, &TCashflowViewForm::btnSaveClick);
-    connect(print, &QPushButton::clicked, this, &TCashflowViewForm::btnPrintClick);
+    connect(save, &QPushButton::clicked, this, [this] { Guarded([this] { btnSaveClick(); }); });
+    connect(print, &QPushButton::clicked, this, [this] { Guarded([this] { btnPrintClick(); }); });
     connect(chkDisplayAccountCodes, &QCheckBox::toggled, this, &TCashflowViewForm::Refresh);
     connect(chkDisplayTotals, &QCheckBox::toggled, this, &TCashflowViewForm::Refresh);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/frmGoalSeek.h"
 
+#include "app/lotFailures.h"
 #include "shell/lotLook.h"
 #include "widgets/lotNumberEdit.h"
 
@@ -87,10 +88,12 @@ TNumberEdit* TGoalSeekForm::AddField(QFormLayout& form, const QString& caption, 
     form.addRow(caption, field);
     connect(field, &TNumberEdit::Left, this, [this, field, solve](bool changed) {
         if (changed) {
-            const TlotBusy busy(FBusy);
-            // A search that finds nothing answers 0, which then is the site value; what it computed last stays.
-            FData.Project().BaseValues.SiteValue.Amount = solve(field->Value());
-            ShowMeasures();
+            FFailed = !Guarded([&] {
+                const TlotBusy busy(FBusy);
+                // A search that finds nothing answers 0, which then is the site value; what it computed last stays.
+                FData.Project().BaseValues.SiteValue.Amount = solve(field->Value());
+                ShowMeasures();
+            });
         }
     });
     return field;
@@ -109,6 +112,9 @@ void TGoalSeekForm::ShowMeasures() {
 }
 
 void TGoalSeekForm::AcceptAll() {
+    FFailed = false;
     FOkButton->setFocus(); // So that the field being edited acts first.
-    accept();
+    if (!FFailed) {
+        accept();
+    }
 }

@@ -52,4 +52,6 @@ private:
     TNumberEdit* IRR;
     QComboBox* ResidualTarget;
     QPushButton* FOkButton = nullptr;
+
+    bool FFailed = false; ///< The field left last could not be solved for.
 };

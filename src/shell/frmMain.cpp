@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/frmMain.h"
 
+#include "app/lotFailures.h"
 #include "common/vipText.h"
 #include "shell/frmAbout.h"
 #include "shell/frmCashflowView.h"
@@ -8,7 +9,6 @@
 #include "shell/frmHomeView.h"
 #include "shell/frmSummaryView.h"
 #include "shell/frmUserSettingsDlg.h"
-#include "shell/lotApplication.h"
 #include "shell/lotGoalSeekCommand.h"
 #include "shell/lotLook.h"
 #include "shell/lotNotBuiltView.h"
@@ -202,9 +202,12 @@ void TMainForm::WireOtherActions() {
 }
 
 void TMainForm::WireStatusPanel() {
-    connect(&FStatusPanel->NameLabel(), &TClickLabel::Clicked, this, &TMainForm::EditName);
-    connect(&FStatusPanel->SiteValueLabel(), &TClickLabel::Clicked, this, &TMainForm::EditSiteValue);
-    connect(&FStatusPanel->NetSiteAreaLabel(), &TClickLabel::Clicked, this, &TMainForm::EditNetSiteArea);
+    const auto edit = [this](const TClickLabel& label, void (TMainForm::*handler)()) {
+        connect(&label, &TClickLabel::Clicked, this, [this, handler] { Guarded([&] { (this->*handler)(); }); });
+    };
+    edit(FStatusPanel->NameLabel(), &TMainForm::EditName);
+    edit(FStatusPanel->SiteValueLabel(), &TMainForm::EditSiteValue);
+    edit(FStatusPanel->NetSiteAreaLabel(), &TMainForm::EditNetSiteArea);
     connect(FStatusPanel, &TStatusPanel::AnchorClicked, this, [this](const QString& anchor) {
         if (anchor.compare("goalseek", Qt::CaseInsensitive) == 0) {
             Action(TlotAction::ToolsGoalSeek).trigger();
@@ -325,9 +328,10 @@ void TMainForm::EditNetSiteArea() {
 }
 
 void TMainForm::closeEvent(QCloseEvent* event) {
-    event->ignore(); // Also where saving throws: the window stays.
-    if (FFiles.CheckSave()) {
-        event->accept();
+    bool leave = false; // Also where saving fails: the window stays.
+    Guarded([&] { leave = FFiles.CheckSave(); });
+    event->setAccepted(leave);
+    if (leave) {
         Guarded([this] { FFiles.RecentFiles.Save(FDesktop.App.UserSettingsFile); });
     }
 }

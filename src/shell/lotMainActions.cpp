@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/lotMainActions.h"
 
+#include "app/lotFailures.h"
 #include "shell/lotLook.h"
 #include "widgets/lotNavigationColumn.h"
 
@@ -106,7 +107,7 @@ TMainActions::TMainActions(QObject& owner) {
 
 void TMainActions::On(TlotAction action, const std::function<void()>& handler) const {
     QAction* const object = FActions.at(action);
-    QObject::connect(object, &QAction::triggered, object, handler);
+    QObject::connect(object, &QAction::triggered, object, [handler] { Guarded(handler); });
 }
 
 TMainActions::TFileMenu TMainActions::FillMenus(QMenuBar& bar) const {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/lotRecentMenu.h"
 
+#include "app/lotFailures.h"
+
 #include <QAction>
 #include <QFontMetrics>
 #include <QMenu>
@@ -31,7 +33,7 @@ void TRecentMenu::Rebuild() {
         // By value: choosing a file changes the list.
         connect(entry, &QAction::triggered, this, [this, name] {
             const std::string chosen = name;
-            OnChoose(chosen);
+            Guarded([&] { OnChoose(chosen); });
         });
         FMenu.insertAction(&FBelow, entry);
         FEntries.push_back(entry);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotSheetPreview.h"
 
-#include "common/vipErrors.h"
+#include "app/lotFailures.h"
 #include "persistence/lotAtomicFile.h"
 #include "widgets/lotSheetPrinter.h"
 
@@ -76,7 +76,7 @@ QAction* TSheetPreview::AddAction(const QString& name, const QString& caption, c
     action->setObjectName("act-" + name);
     action->setShortcut(key);
     action->setToolTip(QString("%1 (%2)").arg(caption, key.toString(QKeySequence::NativeText)));
-    connect(action, &QAction::triggered, this, handler);
+    connect(action, &QAction::triggered, this, [handler] { Guarded(handler); });
     return action;
 }
 

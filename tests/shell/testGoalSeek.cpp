@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Goal Seek with its real dialog: what is typed, and what becomes of the project.
+#include "app/lotFailures.h"
 #include "shell/frmGoalSeek.h"
 #include "shell/lotGoalSeekCommand.h"
 #include "support/lotDesktopScript.h"
@@ -55,6 +56,7 @@ protected:
     }
 
     TDesktopScript FScript;
+    TFailureMessages FFailures{FScript.User};
     std::string FEvents;
 };
 
@@ -157,6 +159,10 @@ TEST_F(GoalSeek, AFailureStartsTheTimerAndPutsTheTargetBack) {
     Open("housing.lot", TlotResidualTarget::ProfitOnCost);
     EXPECT_THROW(Seek([&](TGoalSeekForm& form) {
                      FScript.Project().Funding.Loans[0].LoanType = static_cast<TlotLoanType>(9);
+                     Type(form, "ProfitOnCost", "10", false);
+                     Press(form, QDialogButtonBox::Ok);
+                     EXPECT_EQ(FScript.User.TakeTold(), "E: Unknown LoanType|");
+                     EXPECT_TRUE(form.isVisible()) << "OK needs an answer.";
                      Press(form, QDialogButtonBox::Cancel);
                  }),
                  std::runtime_error);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Stories at the main window: commands and clicks in; the project, the files and what the user was told out.
-#include "common/vipErrors.h"
+#include "app/lotFailures.h"
 #include "shell/frmMain.h"
-#include "shell/lotApplication.h"
 #include "shell/lotStatusPanel.h"
 #include "support/lotDesktopScript.h"
 #include "widgets/lotClickLabel.h"
@@ -31,9 +30,7 @@ protected:
         FForm->show();
     }
     /// The message loop's way into a command.
-    void Do(TlotAction action) {
-        Guarded([&] { FForm->Action(action).trigger(); });
-    }
+    void Do(TlotAction action) { FForm->Action(action).trigger(); }
     void Open(const std::string& file) {
         Guarded([&] { FForm->Files().OpenProject(file); });
     }

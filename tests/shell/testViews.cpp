@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The views that only show things, and the small dialogs.
+#include "app/lotFailures.h"
 #include "shell/frmCashflowView.h"
 #include "shell/frmHelp.h"
 #include "shell/frmMain.h"
 #include "shell/frmSelectTemplate.h"
 #include "shell/frmSummaryView.h"
 #include "shell/frmUserSettingsDlg.h"
-#include "shell/lotApplication.h"
 #include "support/lotDesktopScript.h"
 #include "widgets/lotSpreadsheetView.h"
 

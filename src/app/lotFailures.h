@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+//
+// Where failures end that nobody handles: the user is told, and the program goes on.
+#pragma once
+
+#include "app/lotServices.h"
+
+#include <functional>
+
+/// Runs `work`, telling the user where it throws. True if it didn't. Every handler of a toolkit's event runs in one: no
+/// exception may pass through the toolkit's own code, which does not clean up behind it.
+bool Guarded(const std::function<void()>& work);
+
+/// Failures are told through `messages` for as long as it lives; through nothing that lives, on standard error.
+class TFailureMessages {
+public:
+    explicit TFailureMessages(TlotMessageService& messages);
+    TFailureMessages(const TFailureMessages&) = delete;
+    TFailureMessages& operator=(const TFailureMessages&) = delete;
+    ~TFailureMessages();
+
+private:
+    TlotMessageService* FBefore;
+};
