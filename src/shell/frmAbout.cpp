@@ -94,7 +94,6 @@ void TAboutForm::BecomeSplash(std::chrono::milliseconds duration) {
 
     FTimer->setSingleShot(true);
     connect(FTimer, &QTimer::timeout, this, &QWidget::close);
-    FTimer->start(duration);
     qApp->installEventFilter(this);
 
     adjustSize();
@@ -102,6 +101,8 @@ void TAboutForm::BecomeSplash(std::chrono::milliseconds duration) {
     const QRect around = overParent ? parentWidget()->window()->frameGeometry() : screen()->availableGeometry();
     move(around.center() - rect().center());
     show();
+    // Its time is the time that it can be seen: showing it may itself take long on a busy machine.
+    FTimer->start(duration);
 }
 
 bool TAboutForm::eventFilter(QObject* watched, QEvent* event) {
