@@ -56,6 +56,17 @@ function(lot_add_guide floor)
         FILES "${PROJECT_SOURCE_DIR}/docs/user-guide.md" ${pictures})
 endfunction()
 
+# lot_add_report_fonts(<floor>): the one family that reports are set in, as the resources :/fonts/*.ttf of that floor, so
+# that a report looks the same wherever it is made.
+function(lot_add_report_fonts floor)
+    find_path(LOTMASTER_REPORT_FONTS OpenSans-Regular.ttf PATHS /usr/share/fonts/truetype/open-sans NO_DEFAULT_PATH REQUIRED
+        DOC "Folder of the Open Sans fonts")
+    foreach(style IN ITEMS Regular Semibold Italic SemiboldItalic)
+        list(APPEND fonts "${LOTMASTER_REPORT_FONTS}/OpenSans-${style}.ttf")
+    endforeach()
+    qt_add_resources(lot_${floor} fonts PREFIX /fonts BASE "${LOTMASTER_REPORT_FONTS}" FILES ${fonts})
+endfunction()
+
 # lot_define(<floor> definition...): for this floor and all above it.
 function(lot_define floor)
     get_target_property(type lot_${floor} TYPE)
