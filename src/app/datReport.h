@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// What the exports say of themselves, but for the title of a report saved by its name.
 [[nodiscard]] TlotDocumentTexts ReportDocumentTexts();
@@ -38,6 +39,8 @@ public:
     void LoadTemplate4(const std::string& fileName);
     void LoadComposite4(std::span<const std::string> fileNames);
     void LoadTemplate2(const std::string& fileName);
+    /// From now on that template (a whole name) stands in for whatever the newer engine is asked to load.
+    void UseTemplate(std::string fileName) { FTrialTemplate = std::move(fileName); }
 
     void Preview2();
     void Preview4();
@@ -60,4 +63,5 @@ private:
     TlotReportEngine& FReport2;
     TlotReportEngine& FReport4;
     TlotReportPreviewer* FPreviewer; // Not owned.
+    std::string FTrialTemplate;
 };

@@ -50,10 +50,15 @@ TReportGround::TReportGround() {
     static std::array<char, 10> option{"-platform"};
     static std::array<char, 10> platform{"offscreen"};
     static std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
-    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
-        qputenv("XDG_RUNTIME_DIR", "/tmp"); // Nothing is put there; without it there is a warning on standard error.
-    }
+    // Batches run without a session's folder, which nothing here needs: no warning about it.
+    static QtMessageHandler before = nullptr;
+    before = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+        if (!text.startsWith("QStandardPaths:")) {
+            before(type, context, text);
+        }
+    });
     FApplication = std::make_unique<QGuiApplication>(count, arguments.data());
+    qInstallMessageHandler(before);
     std::setlocale(LC_NUMERIC, "C");
 }
 

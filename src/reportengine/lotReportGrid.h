@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// A finished report as one long table, for formats that know rows and cells but no places on paper. The left and right
-// edges of all texts become the columns; what stands at one height becomes a row. Page headers and repeated heads are
-// left out, page footers but the last too, and what counts pages.
+// A finished report as one long table, for formats that know rows and cells but no places on paper. Texts that begin or
+// end at one place make a column; what stands at one height becomes a row. Page headers and repeated heads are left
+// out, page footers but the last too, and what counts pages.
 #pragma once
 
 #include "reportengine/lotPreparedReport.h"
@@ -19,17 +19,18 @@ struct TGridCell {
 
 struct TGridRow {
     TBandKind Band = TBandKind::MasterData;
+    double GapAbove = 0;          ///< Twips between it and the row before.
     double Height = 0;            ///< Twips.
     std::vector<TGridCell> Cells; ///< By column, none overlapping.
-    QRgb Fill = 0;                ///< Of a box or gradient behind the row; alpha 0: none.
-    bool Gradient = false;        ///< Fill stands for the report's gradient.
-    bool RuleAbove = false;       ///< A line along the row's upper edge, or what is nearest to it.
+    QRgb Fill = 0;                ///< Of a box behind the row; alpha 0: none.
+    bool Gradient = false;        ///< The report's gradient is behind the row.
+    bool RuleAbove = false;       ///< A line over its whole width.
     bool RuleBelow = false;
-    bool PageBreakBefore = false; ///< The row begins a page that the template asked for: another document or part.
+    bool PartStart = false; ///< Begins a part of the document that has pages of its own.
 };
 
 struct TReportGrid {
-    std::vector<double> Columns; ///< Widths, twips.
+    std::vector<double> Columns; ///< Widths, twips; at least one.
     std::vector<TGridRow> Rows;
 };
 

@@ -76,6 +76,7 @@ public:
     void Next();
     [[nodiscard]] bool Eof() const noexcept { return FPosition >= RowCount(); }
     [[nodiscard]] TlotRow Current() const { return Row(FPosition); }
+    [[nodiscard]] int Position() const noexcept { return FPosition; } ///< Of the current row, for `Row`.
 
     [[nodiscard]] int RowCount() const noexcept { return static_cast<int>(FRows.size()); }
     [[nodiscard]] TlotRow Row(int index) const { return {*this, index}; }

@@ -5,6 +5,7 @@
 // back.
 #pragma once
 
+#include "common/gxCommands.h"
 #include "common/vipNumber.h"
 #include "sensitivity/SACategory.h"
 #include "sensitivity/SAResult.h"
@@ -44,6 +45,7 @@ public:
     bool SwapXY = false;
     std::string Description;
     bool ShowAdjustAll = false;
+    TgxCommandLibrary* Commands = nullptr; ///< That a cell offers, to be run on its scenario; not owned, may be null.
 
     /// Texts for the report.
     [[nodiscard]] virtual std::string ReportText1() const { return {}; }

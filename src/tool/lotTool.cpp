@@ -2,6 +2,7 @@
 #include "tool/lotTool.h"
 
 #include "common/vipDate.h"
+#include "tool/cmdReport.h"
 #include "tool/cmdSensitivity.h"
 #include "tool/cmdTables.h"
 #include "tool/toolCommands.h"
@@ -92,6 +93,7 @@ std::vector<std::unique_ptr<TToolCommand>> AllToolCommands() {
     commands.push_back(std::make_unique<TNewCommand>());
     commands.push_back(std::make_unique<TTestProjectCommand>());
     commands.push_back(std::make_unique<TConvertCommand>());
+    commands.push_back(std::make_unique<TReportCommand>());
     commands.push_back(std::make_unique<TCashflowCommand>());
     commands.push_back(std::make_unique<TSolveCommand>());
     commands.push_back(std::make_unique<TSensitivityCommand>());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tool/toolSession.h"
 
+#include "app/datApp.h"
+
 #include <filesystem>
 #include <ostream>
 #include <system_error>
@@ -54,6 +56,17 @@ void TToolSession::Open(const std::string& fileName) {
         throw EToolRefused();
     }
     Data().FileName = fileName;
+}
+
+TReportFolders TToolSession::UseInstallation(const std::string& systemFolder) {
+    TlotStart start = ProcessStart(0, nullptr);
+    start.Locale = Locale;
+    if (!systemFolder.empty()) {
+        start.Arguments = {"-syspath", systemFolder};
+    }
+    const TAppData app(start, Messages);
+    FOptions = app.Options;
+    return {app.OlderReportFolder, app.NewerReportFolder};
 }
 
 void TToolSession::Save(const std::string& fileName) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "app/datProject.h"
+#include "app/datReport.h"
 #include "app/lotServices.h"
 #include "app/lotSystem.h"
 #include "common/vipErrors.h"
@@ -61,6 +62,12 @@ public:
 
     [[nodiscard]] TProjectData& Data() noexcept { return FData; }
     [[nodiscard]] TlotProject& Project() noexcept { return FData.Project(); }
+    [[nodiscard]] const TlotOptions& Options() const noexcept { return FOptions; }
+
+    /// Takes the options of the installation (the firm's heading, logo, footer and colours), which otherwise are the
+    /// built-in ones, so that a script's figures hang on its file alone. `systemFolder` stands in for the shared folder
+    /// of settings, unless empty. Returns where the report templates are.
+    TReportFolders UseInstallation(const std::string& systemFolder);
 
     /// Opens a project file. Throws EToolRefused where the reason has been told, ELotError otherwise.
     void Open(const std::string& fileName);

@@ -10,17 +10,11 @@
 #include <QPieSeries>
 #include <QToolTip>
 #include <algorithm>
-#include <array>
 #include <numeric>
 
 namespace {
 
-constexpr std::size_t MostSlices = 9;
-constexpr double SmallestShare = 0.01;
 constexpr int Swatch = 12;
-
-constexpr std::array<QRgb, 10> Colours{0x0F5E6B, 0x5AA9A3, 0xE0A458, 0x8FB356, 0xB5651D,
-                                       0x7A6C9D, 0xC97B84, 0x4F8FC0, 0xC9B458, 0x6B7F8C};
 
 double Sum(std::span<const TChartValue> values) {
     return std::accumulate(values.begin(), values.end(), 0.0,
@@ -30,32 +24,7 @@ double Sum(std::span<const TChartValue> values) {
 } // namespace
 
 QColor ChartColour(std::size_t index) {
-    return QColor(Colours[index % Colours.size()]);
-}
-
-std::vector<TChartValue> PieSlices(std::span<const TChartValue> values, const QString& other) {
-    std::vector<TChartValue> slices;
-    std::ranges::copy_if(values, std::back_inserter(slices), [](const TChartValue& value) { return value.Value > 0; });
-    const double total = Sum(slices);
-    // The largest keep their slices; all stay in their order.
-    std::vector<double> sizes;
-    std::ranges::transform(slices, std::back_inserter(sizes), [](const TChartValue& value) { return value.Value; });
-    std::ranges::sort(sizes, std::ranges::greater());
-    const double tooMany = sizes.size() > MostSlices ? sizes[MostSlices - 1] : 0;
-    const auto small = [&](const TChartValue& value) {
-        return value.Value < total * SmallestShare || value.Value <= tooMany;
-    };
-    // One that stands alone says more by its own name.
-    if (std::ranges::count_if(slices, small) < 2) {
-        return slices;
-    }
-    TChartValue rest{other, 0};
-    for (const TChartValue& value : slices) {
-        rest.Value += small(value) ? value.Value : 0;
-    }
-    std::erase_if(slices, small);
-    slices.push_back(rest);
-    return slices;
+    return QColor::fromRgb(ChartRgb(index));
 }
 
 TPieChart::TPieChart(QWidget* parent)

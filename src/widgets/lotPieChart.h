@@ -4,6 +4,8 @@
 // labels of their own. What is small is gathered in one slice, "Other".
 #pragma once
 
+#include "reportengine/lotPieSlices.h"
+
 #include <QWidget>
 #include <functional>
 #include <span>
@@ -14,15 +16,6 @@ class QChart;
 class QGridLayout;
 class QLabel;
 class QPieSeries;
-
-struct TChartValue {
-    QString Name;
-    double Value = 0;
-};
-
-/// The slices of a pie: the figures above 0 in their order, those too small or too many for a slice of their own
-/// gathered in a last one of the name `other`.
-[[nodiscard]] std::vector<TChartValue> PieSlices(std::span<const TChartValue> values, const QString& other);
 
 /// The colours of slices, bars and lines, in their order.
 [[nodiscard]] QColor ChartColour(std::size_t index);
