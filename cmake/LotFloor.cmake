@@ -96,7 +96,8 @@ function(lot_add_bench name)
     find_package(benchmark CONFIG REQUIRED)
     add_executable(${name} ${sources})
     target_link_libraries(${name} PRIVATE lot_${arg_FLOOR} benchmark::benchmark)
-    target_compile_definitions(${name} PRIVATE LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
+    target_compile_definitions(${name} PRIVATE LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"
+        LOTMASTER_REPORTS="${PROJECT_SOURCE_DIR}/share")
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bench")
 endfunction()
 

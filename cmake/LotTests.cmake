@@ -17,7 +17,8 @@ target_include_directories(lot_test_support ${scope} "${PROJECT_SOURCE_DIR}/test
 target_link_libraries(lot_test_support ${scope} lot_app GTest::gtest)
 target_compile_definitions(lot_test_support ${scope}
     LOTMASTER_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
-    LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
+    LOTMASTER_EXAMPLES="${PROJECT_SOURCE_DIR}/examples"
+    LOTMASTER_REPORTS="${PROJECT_SOURCE_DIR}/share")
 
 # The main of tests that need widgets.
 add_library(lot_qt_main OBJECT "${PROJECT_SOURCE_DIR}/tests/support/qt/lotQtMain.cpp")

@@ -3,10 +3,13 @@
 // The desktop program: makes the long-lived objects in order and hands over to the main window.
 #include "app/lotFailures.h"
 #include "app/lotSystem.h"
+#include "reportengine/frxReport.h"
 #include "shell/frmMain.h"
+#include "shell/frmReport4Preview.h"
 #include "shell/frmSelectTemplate.h"
 #include "shell/lotApplication.h"
 #include "shell/lotLook.h"
+#include "shell/lotQtMail.h"
 #include "shell/lotQtServices.h"
 
 #include <QTimer>
@@ -28,8 +31,14 @@ int main(int argc, char* argv[]) {
         TQtQuestions questions;
         TQtFiles files;
         TQtTemplateChooser templates;
+        TfrxReport report2(start.Locale);
+        TfrxReport report4(start.Locale);
+        TQtReportPreviewer previewer(services, files, start.Locale);
+        TReportData reports(data, appData.Options, {appData.OlderReportFolder, appData.NewerReportFolder}, report2,
+                            report4, &previewer);
+        TQtMail mail(appData.TemporaryFolder);
 
-        TMainForm form({appData, data, services, questions, files, templates, start.Locale});
+        TMainForm form({appData, data, services, questions, files, templates, reports, mail, start.Locale});
         form.FormCreate();
         form.show();
         QTimer::singleShot(0, &form, [&] { Guarded([&] { form.OpenArgument(start.Arguments); }); });

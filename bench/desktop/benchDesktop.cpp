@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // What a user waits for: the window, a large project in it, and the cashflow after a change.
+#include "app/lotReports.h"
 #include "app/lotSystem.h"
+#include "reportengine/frxReport.h"
 #include "shell/frmCashflowView.h"
 #include "shell/frmMain.h"
+#include "shell/frmReport4Preview.h"
 #include "shell/lotApplication.h"
 #include "shell/lotLook.h"
 #include "shell/lotQtServices.h"
@@ -19,12 +22,16 @@
 namespace {
 
 /// Nobody sits before a benchmark.
-class TNobody final : public TlotQuestionService, public TlotFileService, public TlotTemplateChooser {
+class TNobody final : public TlotQuestionService,
+                      public TlotFileService,
+                      public TlotTemplateChooser,
+                      public TlotMailService {
 public:
     TlotAnswer AskYesNoCancel(std::string_view /*text*/) override { return TlotAnswer::No; }
     std::optional<std::string> AskOpen(const TlotFileQuestion& /*question*/) override { return std::nullopt; }
     std::optional<std::string> AskSave(const TlotFileQuestion& /*question*/) override { return std::nullopt; }
     std::optional<std::size_t> Choose(std::span<const std::string> /*names*/) override { return std::nullopt; }
+    void Send(const TlotMailMessage& /*message*/) override {}
 };
 
 /// The program as its main makes it, in a folder of its own.
@@ -34,6 +41,8 @@ public:
 
     TMainForm& Form() { return FForm; }
     TProjectData& Data() { return FData; }
+    TReportData& Reports() { return FReports; }
+    TfrxReport& Report() { return FReport; }
     void OpenLarge() { FForm.Files().OpenProject(std::string(LOTMASTER_EXAMPLES) + "/large.lot"); }
 
 private:
@@ -51,7 +60,9 @@ private:
     TlotSystem FSystem{46'000};
     TAppData FApp{Start(), FMessages};
     TProjectData FData{FSystem, FApp.Options, {FMessages, FClock, FBusy}, {}};
-    TMainForm FForm{{FApp, FData, {FMessages, FClock, FBusy}, FNobody, FNobody, FNobody, {}}};
+    TfrxReport FReport{{}};
+    TReportData FReports{FData, FApp.Options, {"", LOTMASTER_REPORTS "/Reports4/"}, FReport, FReport, nullptr};
+    TMainForm FForm{{FApp, FData, {FMessages, FClock, FBusy}, FNobody, FNobody, FNobody, FReports, FNobody, {}}};
 };
 
 /// From the objects of the start to a window that is drawn.
@@ -108,6 +119,49 @@ void ScrollCashflow(benchmark::State& state) {
     }
 }
 BENCHMARK(ScrollCashflow)->Unit(benchmark::kMillisecond);
+
+/// The appraisal from a computed project to its pages: tables, template, layout.
+void PrepareAppraisal(benchmark::State& state) {
+    TProgram program;
+    program.OpenLarge();
+    const TlotReportLibrary library = MakeReports4(program.Reports());
+    for (auto step : state) {
+        library.Find("Appraisal").Make();
+    }
+    state.counters["pages"] = program.Report().PageCount();
+}
+BENCHMARK(PrepareAppraisal)->Unit(benchmark::kMillisecond);
+
+/// The same, and written to disk.
+void AppraisalToPdf(benchmark::State& state) {
+    TProgram program;
+    program.OpenLarge();
+    const TlotReportLibrary library = MakeReports4(program.Reports());
+    const QTemporaryDir folder;
+    for (auto step : state) {
+        library.Find("Appraisal").SaveToFile(folder.filePath("a.pdf").toStdString());
+    }
+}
+BENCHMARK(AppraisalToPdf)->Unit(benchmark::kMillisecond);
+
+/// From F6 to the first page in the preview, drawn.
+void AppraisalToPreview(benchmark::State& state) {
+    TProgram program;
+    program.OpenLarge();
+    const TlotReportLibrary library = MakeReports4(program.Reports());
+    TQtMessages messages;
+    TQtBusy busy;
+    TlotFixedClock clock{46'000};
+    TNobody nobody;
+    for (auto step : state) {
+        library.Find("Appraisal").Make();
+        TReport4PreviewForm preview(
+            {program.Report().Prepared(), {program.Report(), false, "", "", ""}, {messages, clock, busy}, nobody, {}});
+        preview.show();
+        benchmark::DoNotOptimize(preview.grab());
+    }
+}
+BENCHMARK(AppraisalToPreview)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

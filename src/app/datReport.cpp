@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/datReport.h"
 
+#include "app/lotProduct.h"
 #include "common/vipErrors.h"
 #include "common/vipText.h"
 
@@ -9,8 +10,6 @@
 #include <utility>
 
 namespace {
-
-constexpr const char* WebAddress = "https://www.tarvane.example/lotmaster";
 
 /// The picture rule: an empty name, a missing file, a template without such an object and a file that is no picture are
 /// all passed over; the object stays as the template has it.
@@ -47,7 +46,7 @@ std::uint32_t RedFirst(std::int32_t colour) {
 } // namespace
 
 TlotDocumentTexts ReportDocumentTexts() {
-    return {"Lotmaster", "Lotmaster Report", std::string("Lotmaster (") + WebAddress + ")"};
+    return {"Lotmaster", "Lotmaster Report", std::string("Lotmaster (") + ProductWebAddress + ")"};
 }
 
 TReportData::TReportData(TProjectData& data, const TlotOptions& options, TReportFolders folders,

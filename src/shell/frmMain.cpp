@@ -5,6 +5,7 @@
 #include "common/vipText.h"
 #include "shell/frmAbout.h"
 #include "shell/frmCashflowView.h"
+#include "shell/frmEmail.h"
 #include "shell/frmHelp.h"
 #include "shell/frmHomeView.h"
 #include "shell/frmSummaryView.h"
@@ -33,6 +34,9 @@
 
 TMainForm::TMainForm(const TlotDesktop& desktop)
     : FDesktop(desktop),
+      FSensitivityFront(*this),
+      FController(FDesktop.Data, FDesktop.Reports, FDesktop.Services, FSensitivityFront,
+                  [this] { ToolsUserSettings(); }),
       FFiles(FDesktop, Changed, {[this] { ShowOpened(); }, [this] { ShowNew(); }, [this] { UpdateTitle(); }}),
       FActions(std::make_unique<TMainActions>(*this)) {
     setObjectName("MainForm");
@@ -96,6 +100,7 @@ void TMainForm::FormCreate() {
     CreateViews();
     WireViewActions();
     WireFileActions();
+    WireReportActions();
     WireOtherActions();
     WireStatusPanel();
     FStatusTimer.start();
@@ -168,9 +173,38 @@ void TMainForm::WireFileActions() {
     FActions->On(TlotAction::FileExit, [this] { close(); });
 }
 
+void TMainForm::WireReportActions() {
+    struct TRow {
+        TlotAction Action;
+        const char* Report;
+    };
+    for (const TRow& row : {TRow{TlotAction::ReportAppraisal, "Appraisal"},
+                            {TlotAction::ReportResidual, "Residual"},
+                            {TlotAction::ReportOccDetails, "Occupational Details"},
+                            {TlotAction::ReportAddendum, "Addendum"},
+                            {TlotAction::ReportFrontPage, "Front Page"},
+                            {TlotAction::ReportPicture, "Picture"}}) {
+        FActions->On(row.Action, [this, row] {
+            FViews->CurrentView().Leave();
+            FController.ShowReport(row.Report);
+            FStatusPanel->UpdateStatus();
+        });
+    }
+    FActions->On(TlotAction::DebugUseFR2, [this] { FController.UseFR2(); });
+    FActions->On(TlotAction::DebugUseFR4, [this] { FController.UseFR4(); });
+    for (const TlotAction action : {TlotAction::ViewSensitivity, TlotAction::ViewSensitivity2}) {
+        FActions->On(action, [this] { FController.ShowSensitivity(); });
+    }
+}
+
+void TMainForm::TSensitivityFront::Execute() {
+    FForm.ShowNotBuilt("Sensitivity");
+}
+
 void TMainForm::WireOtherActions() {
+    FActions->On(TlotAction::FileEmail, [this] { FileEmail(); });
     FActions->On(TlotAction::ToolsGoalSeek, [this] { ToolsGoalSeek(); });
-    FActions->On(TlotAction::ToolsUserSettings, [this] { ToolsUserSettings(); });
+    FActions->On(TlotAction::ToolsUserSettings, [this] { FController.ShowUserSettings(); });
     FActions->On(TlotAction::HelpContents, [this] { ShowHelp(); });
     FActions->On(TlotAction::HelpAbout, [this] { ShowAbout(); });
 
@@ -178,8 +212,7 @@ void TMainForm::WireOtherActions() {
         TlotAction Action;
         const char* Screen;
     };
-    for (const TRow& row : {TRow{TlotAction::FileEmail, "Email"},
-                            {TlotAction::ProjectGeneral, "Project: General"},
+    for (const TRow& row : {TRow{TlotAction::ProjectGeneral, "Project: General"},
                             {TlotAction::ProjectResidual, "Project: Residual"},
                             {TlotAction::ProjectCashflow, "Project: Cashflow"},
                             {TlotAction::ProjectFunding, "Project: Funding"},
@@ -188,15 +221,7 @@ void TMainForm::WireOtherActions() {
                             {TlotAction::ProjectNotes, "Project: Notes"},
                             {TlotAction::ProjectReports, "Project: Reports"},
                             {TlotAction::ProjectAdvanced, "Advanced"},
-                            {TlotAction::ToolsOptions, "Options"},
-                            {TlotAction::ReportAppraisal, "Appraisal"},
-                            {TlotAction::ReportResidual, "Residual"},
-                            {TlotAction::ReportOccDetails, "Occupational Details"},
-                            {TlotAction::ReportAddendum, "Addendum"},
-                            {TlotAction::ReportFrontPage, "Front Page"},
-                            {TlotAction::ReportPicture, "Picture"},
-                            {TlotAction::ViewSensitivity, "Sensitivity"},
-                            {TlotAction::ViewSensitivity2, "Sensitivity"}}) {
+                            {TlotAction::ToolsOptions, "Options"}}) {
         FActions->On(row.Action, [this, screen = QString(row.Screen)] { ShowNotBuilt(screen); });
     }
 }
@@ -345,6 +370,16 @@ void TMainForm::ShowHelp() {
     auto* const help = new THelpForm(this);
     help->setAttribute(Qt::WA_DeleteOnClose);
     help->show();
+}
+
+void TMainForm::FileEmail() {
+    FViews->CurrentView().Leave();
+    FDesktop.Data.Recalculate();
+    if (FDesktop.Data.CheckUnitsShow()) {
+        TlotEmail email(FDesktop.Data, FController, FDesktop.Mail, FDesktop.Services.Messages,
+                        FDesktop.App.TemporaryFolder);
+        TEmailForm(email, FDesktop.Services, this).exec();
+    }
 }
 
 void TMainForm::ToolsGoalSeek() {

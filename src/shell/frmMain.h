@@ -5,6 +5,7 @@
 // logic.
 #pragma once
 
+#include "app/lotController.h"
 #include "shell/lotDesktop.h"
 #include "shell/lotFileCommands.h"
 #include "shell/lotMainActions.h"
@@ -42,6 +43,7 @@ public:
     [[nodiscard]] QAction& Action(TlotAction action) const { return (*FActions)[action]; }
     [[nodiscard]] TViewHost& Views() const { return *FViews; }
     [[nodiscard]] TFileCommands& Files() { return FFiles; }
+    [[nodiscard]] TlotCustomController& Controller() { return FController; }
     [[nodiscard]] bool StatusTimerActive() const { return FStatusTimer.isActive(); }
 
     bool Changed = false; ///< Since the project was opened, saved or begun.
@@ -54,6 +56,7 @@ private:
     void CreateViews();
     void WireViewActions();
     void WireFileActions();
+    void WireReportActions();
     void WireOtherActions();
     void WireStatusPanel();
     void FollowLink(const QString& target);
@@ -64,12 +67,25 @@ private:
     void EditName();
     void EditSiteValue();
     void EditNetSiteArea();
+    void FileEmail();
     void ToolsGoalSeek();
     void ToolsUserSettings();
     void ShowHelp();
     void ShowAbout();
 
+    /// The way to the sensitivity screens.
+    class TSensitivityFront final : public TSADialog {
+    public:
+        explicit TSensitivityFront(TMainForm& form) : FForm(form) {}
+        void Execute() override;
+
+    private:
+        TMainForm& FForm;
+    };
+
     TlotDesktop FDesktop;
+    TSensitivityFront FSensitivityFront;
+    TlotController FController;
     TFileCommands FFiles;
     QTimer FStatusTimer;
     std::unique_ptr<TMainActions> FActions;

@@ -6,6 +6,8 @@
 
 #include "app/datApp.h"
 #include "app/datProject.h"
+#include "app/datReport.h"
+#include "app/lotMailService.h"
 #include "app/lotServices.h"
 #include "app/lotTemplates.h"
 #include "common/vipNumber.h"
@@ -17,5 +19,7 @@ struct TlotDesktop {
     TlotQuestionService& Questions;
     TlotFileService& Files;
     TlotTemplateChooser& Templates;
+    TReportData& Reports;
+    TlotMailService& Mail;
     TNumberLocale Locale; ///< Of the user.
 };

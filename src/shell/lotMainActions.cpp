@@ -103,6 +103,12 @@ TMainActions::TMainActions(QObject& owner) {
         FActions.at(view)->setCheckable(true);
         group->addAction(FActions.at(view));
     }
+    auto* const engines = new QActionGroup(&owner);
+    for (const TlotAction engine : {TlotAction::DebugUseFR2, TlotAction::DebugUseFR4}) {
+        FActions.at(engine)->setCheckable(true);
+        engines->addAction(FActions.at(engine));
+    }
+    FActions.at(TlotAction::DebugUseFR4)->setChecked(true);
 }
 
 void TMainActions::On(TlotAction action, const std::function<void()>& handler) const {

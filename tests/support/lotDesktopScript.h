@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/lotSystem.h"
+#include "reportengine/frxReport.h"
 #include "shell/lotDesktop.h"
 #include "support/lotFiles.h"
 
@@ -15,6 +16,8 @@ class TScriptedUser final : public TlotMessageService,
                             public TlotQuestionService,
                             public TlotFileService,
                             public TlotTemplateChooser,
+                            public TlotReportPreviewer,
+                            public TlotMailService,
                             public TlotBusyService {
 public:
     std::string Told;    ///< "W: text|" for each message, by the first letter of its kind; "?: text|" for questions.
@@ -24,6 +27,10 @@ public:
     std::optional<std::size_t> Template;
     TlotFileQuestion LastFileQuestion;
     int BusyNow = 0;
+    std::string Read; ///< "4: template, 3 pages|" for each report that was shown, by its engine.
+    TlotMailMessage Mail;
+    std::vector<bool> MailFilesThere; ///< Whether each attachment was there when the mail program got it.
+    bool MailProgram = true;
 
     /// What was told and asked since the last call.
     [[nodiscard]] std::string TakeTold() { return std::exchange(Told, {}); }
@@ -46,10 +53,26 @@ public:
         }
         return Template;
     }
+    void Preview2(const TgxFR4Preview& preview) override { Show('2', preview); }
+    void Preview4(const TgxFR4Preview& preview) override { Show('4', preview); }
+    void Send(const TlotMailMessage& message) override {
+        if (!MailProgram) {
+            throw ELotError("No mail program was found.");
+        }
+        Mail = message;
+        for (const std::string& file : message.Attachments) {
+            MailFilesThere.push_back(std::filesystem::exists(file));
+        }
+    }
     void Begin() override { ++BusyNow; }
     void End() override { --BusyNow; }
 
 private:
+    void Show(char engine, const TgxFR4Preview& preview) {
+        Read += std::string(1, engine) + ": " +
+                std::filesystem::path(preview.Report.TemplateFile()).filename().string() + ", " +
+                std::to_string(preview.Report.PageCount()) + "|";
+    }
     template <typename T> T Next(std::deque<T>& script, T otherwise) {
         if (script.empty()) {
             ADD_FAILURE() << "The user was asked what the script doesn't answer.";
@@ -65,8 +88,13 @@ private:
 class TDesktopScript {
 public:
     TDesktopScript()
-        : App(Start(), User), Data(System, App.Options, Services(), PointLocale), Desktop{App,  Data, Services(), User,
-                                                                                          User, User, PointLocale} {}
+        : App(Start(), User),
+          Data(System, App.Options, Services(), PointLocale),
+          Report2(PointLocale),
+          Report4(PointLocale),
+          Reports(Data, App.Options, {LOTMASTER_REPORTS "/Reports/", LOTMASTER_REPORTS "/Reports4/"}, Report2, Report4,
+                  &User),
+          Desktop{App, Data, Services(), User, User, User, Reports, User, PointLocale} {}
 
     TTempFolder Folder;
     TScriptedUser User;
@@ -74,6 +102,9 @@ public:
     TlotSystem System{TestToday};
     TAppData App;
     TProjectData Data;
+    TfrxReport Report2;
+    TfrxReport Report4;
+    TReportData Reports;
     TlotDesktop Desktop;
 
     [[nodiscard]] TlotProject& Project() { return Data.Project(); }
