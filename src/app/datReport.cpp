@@ -126,6 +126,25 @@ void TReportData::LoadComposite4(std::span<const std::string> fileNames) {
     }
 }
 
+void TReportData::LoadTemplate4(const std::string& fileName, std::span<TlotTable* const> tables,
+                                const std::function<std::optional<TlotReportValue>(std::string_view)>& getValue) {
+    FReport4.DataSets.assign(tables.begin(), tables.end());
+    FReport4.OnGetValue = [&](std::string_view name) {
+        const std::optional<TlotReportValue> value = getValue(name);
+        return value ? value : frxReportGetValue(name);
+    };
+    try {
+        FReport4.Clear();
+        FReport4.LoadFromFile((std::filesystem::path(FFolders.Newer) / fileName).string());
+        SetPictureIfThere(FReport4, "Logo", FOptions.Logo, false);
+        FReport4.Prepare(false);
+    } catch (...) {
+        Connect(FReport4);
+        throw;
+    }
+    Connect(FReport4);
+}
+
 void TReportData::LoadTemplate2(const std::string& fileName) {
     FReport2.Clear();
     FReport2.LoadFromFile((std::filesystem::path(FFolders.Older) / fileName).string());

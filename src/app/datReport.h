@@ -8,6 +8,7 @@
 #include "app/datProject.h"
 #include "app/lotReportEngine.h"
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -39,6 +40,9 @@ public:
     void LoadTemplate4(const std::string& fileName);
     void LoadComposite4(std::span<const std::string> fileNames);
     void LoadTemplate2(const std::string& fileName);
+    /// As LoadTemplate4, over other tables and variables than the project's; those of `getValue` come first.
+    void LoadTemplate4(const std::string& fileName, std::span<TlotTable* const> tables,
+                       const std::function<std::optional<TlotReportValue>(std::string_view)>& getValue);
     /// From now on that template (a whole name) stands in for whatever the newer engine is asked to load.
     void UseTemplate(std::string fileName) { FTrialTemplate = std::move(fileName); }
 

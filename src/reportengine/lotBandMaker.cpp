@@ -154,10 +154,27 @@ void TBandMaker::MakeChart(const TTemplateObject& object, TPreparedItem& item) c
     item.Chart = std::move(chart);
 }
 
-TPreparedItem TBandMaker::MakeItem(const TTemplateObject& object) {
+std::vector<TPreparedItem> TBandMaker::MakeItems(const TTemplateObject& object) {
+    std::vector<TPreparedItem> items;
+    if (object.Across.empty()) {
+        items.push_back(MakeItem(object, object.Rect));
+        return items;
+    }
+    TlotTable& table = *FScope.FindTable(object.Across);
+    const double share = object.Rect.width() / std::max(1, table.RowCount());
+    const double pitch = object.Pitch > 0 ? std::min(object.Pitch, share) : share;
+    QRectF rect(object.Rect.left(), object.Rect.top(), pitch, object.Rect.height());
+    for (table.First(); !table.Eof(); table.Next()) {
+        items.push_back(MakeItem(object, rect));
+        rect.translate(pitch, 0);
+    }
+    return items;
+}
+
+TPreparedItem TBandMaker::MakeItem(const TTemplateObject& object, const QRectF& rect) {
     TPreparedItem item;
     item.Kind = object.Kind;
-    item.Rect = object.Rect;
+    item.Rect = rect;
     item.Name = object.Name;
     item.Look = object.Look;
     item.Stroke = object.Stroke;
@@ -184,15 +201,16 @@ TPreparedBand TBandMaker::Make(const TTemplateBand& band) {
         if (!shown && !object.Collapse) {
             continue;
         }
-        TPlaced each{&object, {}, shown, 0};
+        std::vector<TPreparedItem> items;
         if (shown) {
-            each.Item = MakeItem(object);
+            items = MakeItems(object);
         } else {
-            each.Item.Rect = object.Rect;
-            each.Item.Rect.setHeight(0);
+            items.emplace_back().Rect = QRectF(object.Rect.topLeft(), QSizeF(object.Rect.width(), 0));
         }
-        each.Moved = object.Anchor == TAnchor::Top ? each.Item.Rect.height() - object.Rect.height() : 0;
-        placed.push_back(std::move(each));
+        for (TPreparedItem& item : items) {
+            const double moved = object.Anchor == TAnchor::Top ? item.Rect.height() - object.Rect.height() : 0;
+            placed.push_back({&object, std::move(item), shown, moved});
+        }
     }
     Settle(placed);
 

@@ -20,7 +20,9 @@ public:
     [[nodiscard]] TPreparedBand Make(const TTemplateBand& band);
 
 private:
-    [[nodiscard]] TPreparedItem MakeItem(const TTemplateObject& object);
+    [[nodiscard]] TPreparedItem MakeItem(const TTemplateObject& object, const QRectF& rect);
+    /// The items of an object: one, or one for each row of the table that it runs across.
+    [[nodiscard]] std::vector<TPreparedItem> MakeItems(const TTemplateObject& object);
     void MakeText(const TTemplateObject& object, TPreparedItem& item);
     [[nodiscard]] QString PartText(const TTemplateObject& object, const TTextPart& part, TPreparedItem& item) const;
     void MakeChart(const TTemplateObject& object, TPreparedItem& item) const;

@@ -47,6 +47,8 @@ struct TTemplateObject {
     TTextLook Look;
     bool Wrap = true; ///< Breaks into lines, and grows with them; otherwise one line, set smaller where it must be.
     bool Collapse = false; ///< Takes no room when its text is empty.
+    std::string Across;    ///< A table: the text is repeated from left to right for each row of it, sharing the width.
+    double Pitch = 0;      ///< The most that one of them gets; 0 is no limit.
 
     QRgb Stroke = 0;
     double StrokeWidth = 0;

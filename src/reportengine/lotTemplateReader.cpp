@@ -258,6 +258,11 @@ void TReader::ReadText(const TTemplateElement& element, TAttributes& attributes,
     object.Look.LineSpacing = attributes.Number("LineSpacing", 1.35, 0.5, 5);
     object.Wrap = attributes.Boolean("Wrap", object.Look.Align != TAlign::Right);
     object.Collapse = attributes.Boolean("Collapse", false);
+    object.Across = attributes.Text("Across").toStdString();
+    object.Pitch = attributes.Length("Pitch", 0);
+    if (!object.Across.empty()) {
+        CheckTable(element, object.Across);
+    }
     if (object.Rect.height() == 0) {
         object.Rect.setHeight(object.Look.Size * object.Look.LineSpacing * TwipsPerPoint);
     }

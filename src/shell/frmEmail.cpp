@@ -19,7 +19,7 @@ TEmailForm::TEmailForm(TlotEmail& email, const TlotServices& services, QWidget* 
       chkProject(new QCheckBox("Project File (.lot)", this)),
       lstReports(new QListWidget(this)),
       Progress(new QProgressBar(this)),
-      btnSend(new QPushButton(look::Icon("email"), "&Send", this)),
+      btnSend(new QPushButton("&Send", this)),
       btnCancel(new QPushButton("Cancel", this)) {
     setWindowTitle("Email");
     setObjectName("EmailForm");
@@ -34,7 +34,6 @@ TEmailForm::TEmailForm(TlotEmail& email, const TlotServices& services, QWidget* 
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(Qt::Unchecked);
     }
-    lstReports->setCurrentRow(0);
     Progress->setTextVisible(false);
     Progress->setRange(0, 1);
     Progress->setValue(0);
@@ -45,13 +44,17 @@ TEmailForm::TEmailForm(TlotEmail& email, const TlotServices& services, QWidget* 
 
 void TEmailForm::BuildLayout() {
     auto* const hint = new QLabel("Choose email attachments below, then press <B>Send</B>.", this);
-    hint->setWordWrap(true);
+    hint->setMinimumWidth(360);
     auto* const caption = new QLabel("PDF reports", this);
     caption->setBuddy(lstReports);
     // All of the list is seen at once.
     const int rows = lstReports->sizeHintForRow(0) * lstReports->count();
     lstReports->setFixedHeight(rows + 2 * lstReports->frameWidth() + look::SmallGap);
     Progress->setFixedHeight(look::Gap);
+    QSizePolicy kept = Progress->sizePolicy();
+    kept.setRetainSizeWhenHidden(true);
+    Progress->setSizePolicy(kept);
+    Progress->hide();
 
     btnSend->setDefault(true);
     btnCancel->setAutoDefault(false);
@@ -72,7 +75,6 @@ void TEmailForm::BuildLayout() {
     layout->addWidget(Progress);
     layout->addSpacing(look::SmallGap);
     layout->addLayout(buttons);
-    setMinimumWidth(380);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
@@ -95,6 +97,7 @@ void TEmailForm::Send() {
     }
     Progress->setRange(0, choice.Count());
     Progress->setValue(0);
+    Progress->show();
     {
         const TlotBusy busy(FServices.Busy);
         FEmail.Send(choice, [this] {

@@ -187,6 +187,8 @@ void TMainForm::WireReportActions() {
         FActions->On(row.Action, [this, row] {
             FViews->CurrentView().Leave();
             FController.ShowReport(row.Report);
+            // The report was made of the project as recalculated; the view behind it shows the same figures.
+            FViews->CurrentView().Refresh();
             FStatusPanel->UpdateStatus();
         });
     }

@@ -30,7 +30,8 @@ CLI::App* TReportCommand::Register(CLI::App& app) {
 void TReportCommand::Run(TToolSession& session) {
     const report::TReportGround ground;
     session.Open(FFile);
-    // Once as the file is opened and once as the report is asked for: a leasehold's ground rent settles with the second.
+    // Once as the file is opened and once as the report is asked for: a leasehold's ground rent settles with the
+    // second.
     session.Data().Recalculate();
     session.Data().Recalculate();
     std::string missing;

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tool/cmdSensitivity.h"
 
+#include "app/lotSensitivityReport.h"
 #include "common/vipText.h"
+#include "reportengine/frxReport.h"
+#include "reportengine/lotReportFonts.h"
 #include "tool/lotJson.h"
 #include "tool/lotTextTable.h"
 
@@ -78,6 +81,10 @@ CLI::App* TSensitivityCommand::Register(CLI::App& app) {
     command->add_flag("--swap", FSwap, "Swap X/Y axes");
     command->add_flag("--old", FOld, "The older model of five by five");
     command->add_flag("--json", FJson, "Print the table as JSON");
+    command->add_option("--report", FReport, "Save it as a printed report too: .pdf, .html, .rtf, .xls or .xlsx")
+        ->check([](const std::string& name) {
+            return ExportFormatOf(name) ? std::string() : name + " is no .pdf, .html, .rtf, .xls or .xlsx file";
+        });
     return command;
 }
 
@@ -143,5 +150,13 @@ void TSensitivityCommand::Run(TToolSession& session) {
     model.Refresh();
     TSAPage page;
     model.Calculate(page);
+    if (!FReport.empty()) {
+        const report::TReportGround ground;
+        TfrxReport engine(session.Locale);
+        TReportData reports(session.Data(), session.Options(), session.UseInstallation({}), engine, engine, nullptr);
+        TlotSensitivityReport(reports).Make(page, model);
+        session.Messages.Subject = FReport;
+        reports.Export4(*ExportFormatOf(FReport), SensitivityCaption, FReport);
+    }
     session.Out << (FJson ? JsonText(PageJson(page)) + "\n" : PageText(page));
 }

@@ -27,4 +27,5 @@ private:
     bool FSwap = false;
     bool FOld = false;
     bool FJson = false;
+    std::string FReport;
 };
