@@ -16,6 +16,7 @@ constexpr std::size_t MostPages = 5000;
 constexpr double Slack = 1;            // Twips of rounding.
 constexpr std::size_t FewestLines = 2; // Of a text on either side of a cut.
 constexpr std::size_t SplitLines = 6;  // A text of as many lines may be cut.
+constexpr double LeastOfAText = 20 * TwipsPerMm;
 
 double HeightOf(std::span<const TFlowBand> block) {
     return std::accumulate(block.begin(), block.end(), 0.0,
@@ -26,6 +27,11 @@ bool MayBeCut(const TPreparedBand& band) {
     return std::ranges::any_of(band.Items, [](const TPreparedItem& item) {
         return item.Kind == TItemKind::Text && item.Lines.size() >= SplitLines;
     });
+}
+
+/// What must be free on a page for the band to begin there.
+double LeastHeight(const TPreparedBand& band) {
+    return MayBeCut(band) ? std::min(band.Height, LeastOfAText) : band.Height;
 }
 
 /// The part of an item below the cut, `cut` twips below the band's top; the item keeps what is above. Nothing if all of
@@ -109,7 +115,8 @@ void TPaginator::PlaceBlock(std::span<TFlowBand> block) {
         StartPage(first, true);
     }
     FMustBreak = false;
-    if (HeightOf(block) > Room() + Slack && !FFresh && !(block.size() == 1 && MayBeCut(first.Band))) {
+    const TPreparedBand& last = block.back().Band;
+    if (HeightOf(block) - last.Height + LeastHeight(last) > Room() + Slack && !FFresh) {
         StartPage(first, false);
     }
     if (HeightOf(block) <= Room() + Slack) {
@@ -119,8 +126,8 @@ void TPaginator::PlaceBlock(std::span<TFlowBand> block) {
     } else {
         // More than a page can hold: band by band, heads still with what they head.
         for (std::size_t i = 0; i < block.size(); ++i) {
-            const double needed =
-                block[i].Band.Height + (block[i].KeepWithNext && i + 1 < block.size() ? block[i + 1].Band.Height : 0);
+            const double needed = block[i].Band.Height +
+                                  (block[i].KeepWithNext && i + 1 < block.size() ? LeastHeight(block[i + 1].Band) : 0);
             if (needed > Room() + Slack && !FFresh && !MayBeCut(block[i].Band)) {
                 StartPage(block[i], false);
             }

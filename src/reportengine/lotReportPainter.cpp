@@ -140,6 +140,8 @@ QFont TwipFont(const TTextLook& look) {
     font.setWeight(look.Bold ? QFont::DemiBold : QFont::Normal);
     font.setItalic(look.Italic);
     font.setHintingPreference(QFont::PreferNoHinting);
+    // The least spacing there is: it shows nowhere, but keeps "fi" two letters, which a search in a PDF needs.
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 1.0 / 64);
     font.setKerning(false); // Figures keep their columns, and each letter's width is its own at every size.
     return font;
 }

@@ -4,6 +4,7 @@
 #include "common/vipErrors.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace report {
@@ -56,7 +57,32 @@ TReportRunner::TRows TReportRunner::FindRows(const TTemplateBand& band, TlotTabl
             keys.push_back(FScope.Evaluate(*header.On).AsText());
         }
     }
+    if (band.Gather) {
+        rows.Gather();
+    }
     return rows;
+}
+
+/// Puts rows of equal keys behind each other, level by level, in the order of their first rows.
+void TReportRunner::TRows::Gather() {
+    std::map<std::vector<std::string>, std::size_t> ranks; // Of each group, by the keys down to it.
+    std::vector<std::pair<std::vector<std::size_t>, std::size_t>> order;
+    for (std::size_t row = 0; row < Keys.size(); ++row) {
+        std::vector<std::size_t> path;
+        std::vector<std::string> keys;
+        for (const std::string& key : Keys[row]) {
+            keys.push_back(key);
+            path.push_back(ranks.emplace(keys, ranks.size()).first->second);
+        }
+        order.emplace_back(std::move(path), row);
+    }
+    std::ranges::sort(order); // The row number makes it stable.
+    TRows gathered;
+    for (const auto& [path, row] : order) {
+        gathered.Indexes.push_back(Indexes[row]);
+        gathered.Keys.push_back(std::move(Keys[row]));
+    }
+    *this = std::move(gathered);
 }
 
 void TReportRunner::RunData(const TTemplateBand& band) {
@@ -71,6 +97,9 @@ void TReportRunner::RunData(const TTemplateBand& band) {
     FScope.PushRows(table, rows.Indexes);
     table.First();
     for (std::size_t row = 0; row < rows.Indexes.size(); ++row) {
+        if (table.Position() > rows.Indexes[row]) {
+            table.First(); // Gathered rows may stand further up.
+        }
         while (table.Position() != rows.Indexes[row]) {
             table.Next(); // Past what the filter leaves out.
         }

@@ -47,6 +47,7 @@ private:
 
         [[nodiscard]] bool BeginsGroup(std::size_t row, std::size_t level) const;
         [[nodiscard]] bool EndsGroup(std::size_t row, std::size_t level) const;
+        void Gather();
     };
 
     void RunData(const TTemplateBand& band);

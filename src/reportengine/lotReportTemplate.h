@@ -86,6 +86,7 @@ struct TTemplateBand {
     std::string DataSet;
     std::optional<TPlacedExpression> Filter;
     bool KeepTogether = false; ///< A row and its details.
+    bool Gather = false;       ///< Rows of one group come together, where the first of them stands.
     std::vector<TTemplateBand> Headers;
     std::vector<TTemplateBand> Footers;
     std::vector<TTemplateBand> GroupHeaders; ///< From the outermost in.

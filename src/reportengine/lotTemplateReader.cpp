@@ -149,6 +149,7 @@ TTemplateBand TReader::ReadBand(const TTemplateElement& element, TBandKind kind)
         CheckTable(element, band.DataSet);
         band.Filter = attributes.Expression("Filter");
         band.KeepTogether = attributes.Boolean("KeepTogether", false);
+        band.Gather = attributes.Boolean("Gather", false);
     }
     attributes.Finish();
     for (const TTemplateElement& child : element.Children) {

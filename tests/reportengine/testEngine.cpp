@@ -47,6 +47,20 @@ TEST_F(Engine, GroupsHaveHeadsFootersAndTotalsOfTheirOwn) {
               "title|head|North|1 Ash|2 Birch|=42.5|South|3 Cedar|=5|all 47.5 / end Ash");
 }
 
+TEST_F(Engine, ScatteredGroupsCanBeGathered) {
+    AddTowns();
+    Script.AddTown("Dale", "North", 2);
+    Script.AddStreet(4, "Low Road");
+    const std::string bands = "<GroupHeader Name='g' On='Towns.Land'>" + Line("[Towns.Land]") + "</GroupHeader>" +
+                              Line("[Towns.Name]") + "<DetailData DataSet='Streets'>" + Line("[Streets.Street]") +
+                              "</DetailData><GroupFooter Group='g'>" + Line("[Sum(Towns.Folk)]") +
+                              "</GroupFooter></MasterData>";
+    EXPECT_EQ(Script.Run("<MasterData DataSet='Towns' Filter=\"Towns.Name &lt;> 'Birch'\">" + bands),
+              "North|Ash|10|South|Cedar|5|North|Dale|Low Road|2");
+    EXPECT_EQ(Script.Run("<MasterData DataSet='Towns' Gather='True'>" + bands),
+              "North|Ash|Birch|Dale|Low Road|44.5|South|Cedar|5");
+}
+
 TEST_F(Engine, DetailsFollowTheirMasterAndFiltersTheirExpression) {
     AddTowns();
     Script.AddStreet(1, "Mill Lane");
@@ -182,6 +196,13 @@ TEST_F(Engine, LongTextsGoOnOnTheNextPage) {
     ASSERT_EQ(lines.size(), 42U);
     EXPECT_EQ(lines[20], "line 20");
     EXPECT_EQ(lines.back(), "end");
+
+    Script.AddTown("Ash", "North", 1);
+    Script.Run("<ReportTitle Height='60'/><MasterData DataSet='Towns'><Header>" + Line("head") +
+               "</Header><Text Width='100' Size='10' LineSpacing='1.4'>" + text + "</Text></MasterData>");
+    EXPECT_EQ(Band(0, 1).Items[0].Lines[0], "head") << "a heading and the beginning of its text use the room there is";
+    EXPECT_GE(Band(0, 2).Items[0].Lines.size(), 2U);
+    EXPECT_EQ(Script.Report.PageCount(), 3);
 }
 
 TEST_F(Engine, TemplatesAppendToTheDocument) {
