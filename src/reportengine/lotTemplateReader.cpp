@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "common/vipErrors.h"
+#include "reportengine/lotPicture.h"
 #include "reportengine/lotReportTemplate.h"
 #include "reportengine/lotTemplateAttributes.h"
 
+#include <QFile>
 #include <QPageSize>
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <utility>
 
@@ -26,6 +30,7 @@ private:
     bool ReadInnerBand(const TTemplateElement& child, TTemplateBand& band);
     TTemplateObject ReadObject(const TTemplateElement& element, TItemKind kind);
     void ReadText(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object);
+    static void ReadPicture(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object);
     void ReadChart(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object);
     [[nodiscard]] const TTemplateElement* StyleOf(const TTemplateElement& element) const;
     void CheckTable(const TTemplateElement& element, const std::string& name) const;
@@ -244,6 +249,9 @@ TTemplateObject TReader::ReadObject(const TTemplateElement& element, TItemKind k
     if (kind == TItemKind::Chart) {
         ReadChart(element, attributes, object);
     }
+    if (kind == TItemKind::Picture) {
+        ReadPicture(element, attributes, object);
+    }
     attributes.Finish();
     if (!element.Children.empty()) {
         RefuseElement(element.Children.front(), element);
@@ -269,6 +277,20 @@ void TReader::ReadText(const TTemplateElement& element, TAttributes& attributes,
     }
     const QString format = attributes.Text("Format");
     object.Parts = ParseText(element.Text, format, element.Place, FScope);
+}
+
+/// A picture of the template's own, from the folder of its file.
+void TReader::ReadPicture(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object) {
+    const QString file = attributes.Text("File");
+    if (file.isEmpty()) {
+        return;
+    }
+    const std::filesystem::path folder = std::filesystem::path(*element.Place.File).parent_path();
+    try {
+        object.Picture = LoadPicture((folder / QFile::encodeName(file).toStdString()).string());
+    } catch (const ELotError& error) {
+        FailAt(element.Place, QString::fromUtf8(error.what()));
+    }
 }
 
 void TReader::ReadChart(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object) {
