@@ -74,20 +74,34 @@ TAppData::TAppData(const TlotStart& start, TlotMessageService& messages) : FLoca
     NewerReportFolder = ProgramFolder + "Reports4/";
     FindSystemFolder(start, messages);
     UserFolder = Below(start.Folders.UserAppData, ProductFolder, ProgramFolder + "Application Data/");
-    MakeFolder(UserFolder);
     OptionsFile = SystemFolder + OptionsName;
     CompanyFile = SystemFolder + CompanyName;
     UserSettingsFile = UserFolder + "User.ini";
     FilesFolder = Below(start.Folders.Documents, "Lotmaster/", ProgramFolder + "Files/");
-    MakeFolder(FilesFolder);
     TemplatesFolder = FilesFolder + "Templates/";
-    MakeFolder(TemplatesFolder);
+    if (start.OnlyReads) {
+        // An installation that nobody has started yet has its first settings beside the program still.
+        for (std::string* const file : {&OptionsFile, &CompanyFile}) {
+            std::error_code error;
+            if (!fs::exists(*file, error)) {
+                *file = ProgramFolder + fs::path(*file).filename().string();
+            }
+        }
+    } else {
+        MakeFolders(start, messages);
+    }
+    LoadOptions();
+    UserSettings.Load(UserSettingsFile);
+}
+
+void TAppData::MakeFolders(const TlotStart& start, TlotMessageService& messages) {
+    for (const std::string& folder : {SystemFolder, UserFolder, FilesFolder, TemplatesFolder}) {
+        MakeFolder(folder);
+    }
     FindTemporaryFolder(start.Folders, messages);
     if (!start.NetworkDrive) {
         CopyFirstSettings();
     }
-    LoadOptions();
-    UserSettings.Load(UserSettingsFile);
 }
 
 void TAppData::FindSystemFolder(const TlotStart& start, TlotMessageService& messages) {
@@ -104,7 +118,6 @@ void TAppData::FindSystemFolder(const TlotStart& start, TlotMessageService& mess
     SystemFolder = start.NetworkDrive
                        ? ProgramFolder
                        : Below(start.Folders.CommonAppData, ProductFolder, ProgramFolder + "Application Data/");
-    MakeFolder(SystemFolder);
 }
 
 void TAppData::FindTemporaryFolder(const TlotWellKnownFolders& folders, TlotMessageService& messages) {

@@ -20,6 +20,7 @@ struct TlotStart {
     TlotWellKnownFolders Folders;
     std::vector<std::string> Arguments; ///< Of the command line, without the program's name.
     TNumberLocale Locale;               ///< Of the user, for figures in settings.
+    bool OnlyReads = false; ///< Makes no folder and no file: for tools that take the settings as they find them.
 };
 
 /// The start of this process, with the arguments of its `main`.
@@ -59,6 +60,7 @@ public:
 private:
     void FindSystemFolder(const TlotStart& start, TlotMessageService& messages);
     void FindTemporaryFolder(const TlotWellKnownFolders& folders, TlotMessageService& messages);
+    void MakeFolders(const TlotStart& start, TlotMessageService& messages);
     void CopyFirstSettings() const;
 
     TNumberLocale FLocale;

@@ -42,7 +42,7 @@ TReportPreviewForm::TReportPreviewForm(const TPreviewContext& context, bool side
       FPages(new TReportPages(this)) {
     setWindowTitle("Preview");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(1160, 780);
+    resize(1160, 740);
     FToolBar->setIconSize(QSize(look::IconSize, look::IconSize));
     BuildFileActions();
     if (sidePanels) {

@@ -61,6 +61,7 @@ void TToolSession::Open(const std::string& fileName) {
 TReportFolders TToolSession::UseInstallation(const std::string& systemFolder) {
     TlotStart start = ProcessStart(0, nullptr);
     start.Locale = Locale;
+    start.OnlyReads = true;
     if (!systemFolder.empty()) {
         start.Arguments = {"-syspath", systemFolder};
     }
