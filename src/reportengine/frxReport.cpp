@@ -80,13 +80,13 @@ void TfrxReport::SetPicture(std::string_view name, const std::string& fileName, 
 
 void TfrxReport::SetGradientColours(std::uint32_t start, std::uint32_t end) {
     for (TPreparedReport* const report : {&FRaw, &FPrepared}) {
-        report->GradientStart = 0xFF000000U | start;
-        report->GradientEnd = 0xFF000000U | end;
+        report->Gradient.StartColour = 0xFF000000U | start;
+        report->Gradient.EndColour = 0xFF000000U | end;
     }
 }
 
 void TfrxReport::Prepare(bool append) {
-    TPreparedReport report = append ? FRaw : TPreparedReport{{}, {}, FRaw.GradientStart, FRaw.GradientEnd};
+    TPreparedReport report = append ? FRaw : TPreparedReport{{}, {}, FRaw.Gradient};
     TPageCursor cursor = FCursor;
     for (const TTemplatePage& page : FTemplate.Pages) {
         TBandMaker maker(FScope, FLocale);

@@ -75,9 +75,9 @@ QString THtmlPage::Head() const {
         << "table{border-collapse:collapse;width:100%;min-width:680px;table-layout:fixed}\n"
         << "td{padding:1px 2px;vertical-align:baseline;overflow-wrap:break-word}\n"
         << "tr.above td{border-top:1px solid #12343b}\ntr.below td{border-bottom:1px solid #12343b}\n"
-        << "tr.bar td{background:" << Colour(FReport.GradientEnd) << ";padding:4px 2px}\n"
-        << "tr.bar{background:linear-gradient(to right," << Colour(FReport.GradientStart) << ","
-        << Colour(FReport.GradientEnd) << ")}\ntr.bar td{background:none}\n"
+        << "tr.bar td{background:" << Colour(FReport.Gradient.EndColour) << ";padding:4px 2px}\n"
+        << "tr.bar{background:linear-gradient(to right," << Colour(FReport.Gradient.StartColour) << ","
+        << Colour(FReport.Gradient.EndColour) << ")}\ntr.bar td{background:none}\n"
         << "td img{max-width:100%;height:auto}\n"
         << "@media print{body{background:#fff}main{margin:0;padding:0;box-shadow:none;max-width:none}"
            "table+table{page-break-before:always}}\n";

@@ -6,6 +6,8 @@
 // report's own fonts, so every renderer breaks and aligns alike.
 #pragma once
 
+#include "reportengine/frxGradientView.h"
+
 #include <QImage>
 #include <QMarginsF>
 #include <QRectF>
@@ -122,8 +124,7 @@ struct TOutlineEntry {
 struct TPreparedReport {
     std::vector<TPreparedPage> Pages;
     std::vector<TOutlineEntry> Outline;
-    QRgb GradientStart = 0xFFFFFFFF; ///< Of all gradients, left to right.
-    QRgb GradientEnd = 0xFFC0DCC0;
+    TfrxGradientView Gradient; ///< Of all gradients.
 };
 
 } // namespace report

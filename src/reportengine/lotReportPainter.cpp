@@ -4,7 +4,6 @@
 #include "reportengine/lotReportFonts.h"
 
 #include <QFontMetricsF>
-#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
@@ -117,13 +116,7 @@ void PaintItem(QPainter& painter, const TPreparedReport& report, const TPrepared
         break;
     case TItemKind::Box: PaintBox(painter, item); break;
     case TItemKind::Picture: PaintPicture(painter, item); break;
-    case TItemKind::Gradient: {
-        QLinearGradient gradient(item.Rect.topLeft(), item.Rect.topRight());
-        gradient.setColorAt(0, QColor::fromRgb(report.GradientStart));
-        gradient.setColorAt(1, QColor::fromRgb(report.GradientEnd));
-        painter.fillRect(item.Rect, gradient);
-        break;
-    }
+    case TItemKind::Gradient: report.Gradient.Paint(painter, item.Rect); break;
     case TItemKind::Chart:
         if (item.Chart != nullptr && item.Chart->Total > 0) {
             PaintChart(painter, item);

@@ -150,7 +150,7 @@ void TRtfDocument::AddRow(const TGridRow& row) {
         FBody += "\\trowd\\trgaph0\\trrh-" + QByteArray::number(Whole(row.GapAbove)) + "\\cellx" +
                  QByteArray::number(Whole(FGrid.Columns.front())) + "\\pard\\intbl\\fs2\\cell\\row\n";
     }
-    const QRgb ground = row.Gradient ? FReport.GradientEnd : row.Fill;
+    const QRgb ground = row.Gradient ? FReport.Gradient.EndColour : row.Fill;
     FBody += "\\trowd\\trgaph30\\trleft0\\trrh" + QByteArray::number(Whole(row.Height)) + "\\trkeep\n";
     struct TPiece {
         const TGridCell* Cell; // Null where nothing stands.

@@ -255,9 +255,9 @@ TEST_F(Engine, PicturesAndGradientsAreSetFromOutside) {
     Script.Report.Prepare(false);
     ASSERT_NE(Band(0, 0).Items[0].Picture, nullptr);
     EXPECT_EQ(Band(0, 0).Items[0].Rect.size(), QSizeF(50, 15) * TwipsPerMm);
-    EXPECT_EQ(Script.Report.Prepared().GradientStart, 0xFF112233U);
+    EXPECT_EQ(Script.Report.Prepared().Gradient.StartColour, 0xFF112233U);
     Script.Report.SetGradientColours(1, 2);
-    EXPECT_EQ(Script.Report.Prepared().GradientEnd, 0xFF000002U) << "also on pages that are made already";
+    EXPECT_EQ(Script.Report.Prepared().Gradient.EndColour, 0xFF000002U) << "also on pages that are made already";
 
     Script.Report.SetPicture("Logo", file, true);
     Script.Report.Prepare(false);
