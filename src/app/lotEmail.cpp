@@ -16,13 +16,24 @@ TlotEmail::TlotEmail(TProjectData& data, TlotCustomController& controller, TlotM
       FMessages(messages),
       FTemporaryFolder(std::move(temporaryFolder)) {}
 
+bool TlotEmail::IsUsers(const std::string& target) const {
+    std::error_code error;
+    if (FData.FileName.empty()) {
+        return std::filesystem::exists(target, error) && std::filesystem::absolute(target).string() != FOwn;
+    }
+    return std::filesystem::equivalent(target, FData.FileName, error);
+}
+
 void TlotEmail::AttachProject(std::vector<std::string>& attachments) {
     // A project without a name goes into the current folder: deliberate, it always did.
     const std::string name = std::filesystem::path(FData.FileName).filename().string();
     const std::string target = name.empty() ? "Untitled.lot" : FTemporaryFolder + name;
     bool saved = false;
     try {
-        saved = FData.SaveProject(target);
+        if (!IsUsers(target)) {
+            saved = FData.SaveProject(target);
+            FOwn = saved ? std::filesystem::absolute(target).string() : FOwn;
+        }
     } catch (const EFileError&) {
         saved = false;
     }
@@ -53,4 +64,5 @@ void TlotEmail::Send(const TEmailChoice& choice, const std::function<void()>& st
         std::error_code error;
         std::filesystem::remove(file, error);
     }
+    FOwn.clear();
 }

@@ -34,6 +34,9 @@ public:
     void Send(const TEmailChoice& choice, const std::function<void()>& step);
 
 private:
+    /// Whether a file of the user's own stands where the attachment would be made: it would be written over, and
+    /// removed with the attachments. What an earlier try that failed left behind is not the user's.
+    [[nodiscard]] bool IsUsers(const std::string& target) const;
     /// The project as it is, under its own name; nothing, the user having been told, where it can't be saved.
     void AttachProject(std::vector<std::string>& attachments);
 
@@ -42,4 +45,5 @@ private:
     TlotMailService& FMail;
     TlotMessageService& FMessages;
     std::string FTemporaryFolder;
+    std::string FOwn; ///< The project's attachment until it is removed, with its whole path.
 };

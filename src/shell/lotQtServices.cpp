@@ -110,7 +110,12 @@ std::optional<std::string> TQtFiles::AskSave(const TlotFileQuestion& question) {
         const QString extension = ExtensionOf(filter);
         dialog.setDefaultSuffix(extension.isEmpty() ? wanted : extension);
     };
-    follow(filters.value(0));
+    // The wanted extension holds until another kind of file is chosen.
+    if (wanted.isEmpty()) {
+        follow(filters.value(0));
+    } else {
+        dialog.setDefaultSuffix(wanted);
+    }
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
     if (dialog.exec() != QDialog::Accepted) {
         return std::nullopt;

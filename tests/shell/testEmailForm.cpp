@@ -96,6 +96,19 @@ TEST_F(EmailForm, AProjectWithoutANameIsUntitledInTheCurrentFolder) {
     Form.Send();
     EXPECT_EQ(Script.User.Mail.Attachments, std::vector<std::string>{"Untitled.lot"});
     EXPECT_FALSE(std::filesystem::exists("Untitled.lot"));
+    // What a failed try left behind is written over; a file of the user's own never is.
+    Script.User.MailProgram = false;
+    EXPECT_THROW(Form.Send(), ELotError);
+    EXPECT_TRUE(std::filesystem::exists("Untitled.lot"));
+    Script.User.MailProgram = true;
+    Form.Send();
+    EXPECT_FALSE(std::filesystem::exists("Untitled.lot"));
+    std::ofstream("Untitled.lot") << "mine";
+    (void)Script.User.TakeTold();
+    Form.Send();
+    EXPECT_EQ(Script.User.TakeTold(), "I: Unable to save temporary file for attachment.|");
+    EXPECT_TRUE(Script.User.Mail.Attachments.empty());
+    EXPECT_TRUE(std::filesystem::exists("Untitled.lot"));
     std::filesystem::current_path(before);
 }
 
