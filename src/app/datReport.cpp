@@ -37,6 +37,25 @@ std::string IncomeSections(const TlotProject& project) {
     return names;
 }
 
+/// "|group|" for each group of nothing but such sections.
+std::string IncomeGroups(const TlotProject& project) {
+    std::string names;
+    for (int i = 0; i < project.Groups.Count(); ++i) {
+        const std::string& group = project.Groups[i].Name;
+        bool income = false;
+        bool costs = false;
+        for (const auto& section : project.Sections) {
+            if (section->Group == group) {
+                (section->Income ? income : costs) = true;
+            }
+        }
+        if (income && !costs) {
+            names += "|" + group + "|";
+        }
+    }
+    return names;
+}
+
 /// Of an option's colour, which has blue in its high byte.
 std::uint32_t RedFirst(std::int32_t colour) {
     const auto bits = static_cast<std::uint32_t>(colour);
@@ -94,6 +113,9 @@ std::optional<TlotReportValue> TReportData::frxReportGetValue(std::string_view n
     }
     if (is("IncomeSections")) {
         return IncomeSections(project);
+    }
+    if (is("IncomeGroups")) {
+        return IncomeGroups(project);
     }
     if (is("SensitivityReportColour")) {
         return static_cast<double>(RedFirst(FOptions.SensitivityReportColour));

@@ -15,6 +15,18 @@ namespace report {
 
 namespace {
 
+/// Visits the rows that a table shows, and leaves it on the row where it stood.
+template <typename TVisit> void ForEachRow(TlotTable& table, const TVisit& visit) {
+    const int here = table.Position();
+    for (table.First(); !table.Eof(); table.Next()) {
+        visit();
+    }
+    table.First();
+    while (!table.Eof() && table.Position() < here) {
+        table.Next();
+    }
+}
+
 constexpr double Tolerance = 2; // Twips that neighbours may overlap and still count as one below the other.
 
 /// An object of the band with the item that became of it.
@@ -139,12 +151,14 @@ void TBandMaker::MakeText(const TTemplateObject& object, TPreparedItem& item) {
 }
 
 void TBandMaker::MakeChart(const TTemplateObject& object, TPreparedItem& item) const {
-    const TlotTable& table = *FScope.Table(object.DataSet);
+    TlotTable& table = *FScope.FindTable(object.DataSet);
     std::vector<TChartValue> values;
-    for (int row = 0; row < table.RowCount(); ++row) {
-        values.push_back(
-            {QString::fromStdString(table.Row(row).Text(object.NameField)), table.Row(row).Number(object.ValueField)});
-    }
+    ForEachRow(table, [&] {
+        if (FScope.IsTrue(object.Filter, true)) {
+            const TlotRow row = table.Current();
+            values.push_back({QString::fromStdString(row.Text(object.NameField)), row.Number(object.ValueField)});
+        }
+    });
     auto chart = std::make_shared<TPreparedChart>();
     chart->Look = object.Look;
     for (const TChartValue& slice : PieSlices(values, "Other")) {
@@ -164,10 +178,10 @@ std::vector<TPreparedItem> TBandMaker::MakeItems(const TTemplateObject& object) 
     const double share = object.Rect.width() / std::max(1, table.RowCount());
     const double pitch = object.Pitch > 0 ? std::min(object.Pitch, share) : share;
     QRectF rect(object.Rect.left(), object.Rect.top(), pitch, object.Rect.height());
-    for (table.First(); !table.Eof(); table.Next()) {
+    ForEachRow(table, [&] {
         items.push_back(MakeItem(object, rect));
         rect.translate(pitch, 0);
-    }
+    });
     return items;
 }
 

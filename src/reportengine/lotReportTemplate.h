@@ -61,6 +61,7 @@ struct TTemplateObject {
     std::string DataSet;
     std::string NameField;
     std::string ValueField;
+    std::optional<TPlacedExpression> Filter; ///< Which rows it shows.
 };
 
 enum class TOnPages : std::uint8_t { All, First, NotFirst };

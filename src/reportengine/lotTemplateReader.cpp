@@ -298,6 +298,7 @@ void TReader::ReadChart(const TTemplateElement& element, TAttributes& attributes
     CheckTable(element, object.DataSet);
     object.NameField = attributes.Text("NameField", "Name").toStdString();
     object.ValueField = attributes.Text("ValueField", "Value").toStdString();
+    object.Filter = attributes.Expression("Filter");
     for (const std::string& field : {object.NameField, object.ValueField}) {
         std::ignore = MakeExpression(QString::fromStdString(object.DataSet + "." + field), element.Place, FScope);
     }

@@ -275,6 +275,12 @@ TEST_F(Engine, ChartsTakeTheirTable) {
     ASSERT_EQ(chart.Slices.size(), 3U) << "a pie has no negative slice";
     EXPECT_EQ(chart.Slices[1].Name, "Birch");
     EXPECT_DOUBLE_EQ(chart.Total, 47.5);
+    // A pie over the rows of the band that holds it leaves the band on its row.
+    EXPECT_EQ(Script.Run("<MasterData DataSet='Towns' Height='40'><Chart Width='90' Height='40' DataSet='Towns' "
+                         "ValueField='Folk' Filter=\"Towns.Name = 'Birch'\"/><Text Left='90' Width='30'>[Towns.Name]"
+                         "</Text></MasterData>"),
+              "Ash|Birch / Cedar|Debt");
+    EXPECT_EQ(Band(0, 0).Items[0].Chart->Slices.size(), 1U);
 }
 
 TEST_F(Engine, BrokenTemplatesAreRefusedWithOneMessage) {
