@@ -86,7 +86,7 @@ void TfrxReport::SetGradientColours(std::uint32_t start, std::uint32_t end) {
 }
 
 void TfrxReport::Prepare(bool append) {
-    TPreparedReport report = append ? FRaw : TPreparedReport{{}, {}, FRaw.Gradient};
+    TPreparedReport report = append ? FRaw : TPreparedReport{{}, {}, FRaw.Gradient, FLocale};
     TPageCursor cursor = FCursor;
     for (const TTemplatePage& page : FTemplate.Pages) {
         TBandMaker maker(FScope, FLocale);

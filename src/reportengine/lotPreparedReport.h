@@ -6,6 +6,7 @@
 // report's own fonts, so every renderer breaks and aligns alike.
 #pragma once
 
+#include "common/vipNumber.h"
 #include "reportengine/frxGradientView.h"
 
 #include <QImage>
@@ -125,6 +126,7 @@ struct TPreparedReport {
     std::vector<TPreparedPage> Pages;
     std::vector<TOutlineEntry> Outline;
     TfrxGradientView Gradient; ///< Of all gradients.
+    TNumberLocale Locale;      ///< Separates the figures in the texts.
 };
 
 } // namespace report

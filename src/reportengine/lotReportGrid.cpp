@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numeric>
 #include <span>
 
@@ -15,6 +16,7 @@ namespace {
 constexpr double SameEdge = 120;    // Twips; nearer edges are one.
 constexpr double WideShare = 0.6;   // Of the page's room: a line of that width rules a row, a shorter one a figure.
 constexpr double RuleDistance = 80; // Twips between a rule and its row.
+constexpr double Spare = 1.15;      // Other programs' letters may be wider than ours.
 
 bool IsCell(const TPreparedItem& item) {
     switch (item.Kind) {
@@ -42,6 +44,8 @@ public:
             FEdges.push_back(item.Rect.right());
         }
     }
+
+    void Add(const std::vector<double>& edges) { FEdges.insert(FEdges.end(), edges.begin(), edges.end()); }
 
     void Finish(double width) {
         FEdges.push_back(0);
@@ -75,6 +79,8 @@ public:
         return cell;
     }
 
+    [[nodiscard]] double Begin(int column) const { return FEdges[static_cast<std::size_t>(column)]; }
+
     [[nodiscard]] std::vector<double> Widths() const {
         std::vector<double> widths;
         for (std::size_t i = 1; i < FEdges.size(); ++i) {
@@ -107,28 +113,47 @@ struct TDraftRow {
     TGridRow Row;
 };
 
+bool Overlaps(const TGridCell& one, const TGridCell& other) {
+    return one.Column < other.Column + other.Span && other.Column < one.Column + one.Span;
+}
+
 bool Overlaps(const TGridRow& row, const TGridCell& cell) {
-    return std::ranges::any_of(row.Cells, [&](const TGridCell& other) {
-        return cell.Column < other.Column + other.Span && other.Column < cell.Column + cell.Span;
-    });
+    return std::ranges::any_of(row.Cells, [&](const TGridCell& other) { return Overlaps(other, cell); });
+}
+
+/// Of the widest line of a text.
+double TextWidth(const TPreparedItem& item, TTextMeasure& measure) {
+    double width = 0;
+    for (const QString& line : item.Whole.split(u'\n')) {
+        width = std::max(width, measure.Width(line, item.Look));
+    }
+    return width;
 }
 
 /// Gives cells the free room beside them. A figure that is wider than its columns takes one on its left, a text what is
 /// left on its right.
 void Widen(TGridRow& row, const std::vector<double>& widths, TTextMeasure& measure) {
-    const auto room = [&](const TGridCell& cell) {
-        const auto begin = widths.begin() + cell.Column;
-        return std::accumulate(begin, begin + cell.Span, 0.0);
+    const auto room = [&](int column, int span) {
+        return std::accumulate(widths.begin() + column, widths.begin() + column + span, 0.0);
     };
     const int columns = static_cast<int>(widths.size());
-    for (std::size_t i = 0; i < row.Cells.size(); ++i) {
-        TGridCell& cell = row.Cells[i];
-        const int before = i == 0 ? 0 : row.Cells[i - 1].Column + row.Cells[i - 1].Span;
-        const bool figure = cell.Item->Kind == TItemKind::Text && cell.Item->Look.Align == TAlign::Right;
-        // Other programs' letters may be wider than ours.
-        while (figure && cell.Column > before && room(cell) < measure.Width(cell.Item->Whole, cell.Item->Look) * 1.15) {
-            --cell.Column;
-            ++cell.Span;
+    int before = 0; // The columns that the cells on the left need.
+    for (TGridCell& cell : row.Cells) {
+        const bool text = cell.Item->Kind == TItemKind::Text;
+        const double width = text ? TextWidth(*cell.Item, measure) * Spare : 0;
+        if (text && cell.Item->Look.Align == TAlign::Right) {
+            while (cell.Column > before && room(cell.Column, cell.Span) < width) {
+                --cell.Column;
+                ++cell.Span;
+            }
+        }
+        before = cell.Column + cell.Span;
+        if (text && cell.Item->Look.Align == TAlign::Left) {
+            // A text that wraps needs no more than the width that it was given.
+            const double needed = std::min(width, cell.Item->Rect.width());
+            while (before < columns && room(cell.Column, before - cell.Column) < needed) {
+                ++before;
+            }
         }
     }
     for (std::size_t i = 0; i < row.Cells.size(); ++i) {
@@ -144,6 +169,32 @@ void Widen(TGridRow& row, const std::vector<double>& widths, TTextMeasure& measu
 bool SameHeight(double top1, double bottom1, double top2, double bottom2) {
     const double shared = std::min(bottom1, bottom2) - std::max(top1, top2);
     return shared > std::min(bottom1 - top1, bottom2 - top2) / 2;
+}
+
+/// Where columns must begin as well, so that items which stand beside each other in the band each have room.
+std::vector<double> MissingEdges(const TPreparedBand& band, const TColumns& columns, TTextMeasure& measure) {
+    std::vector<double> edges;
+    const auto beside = [](const QRectF& left, const QRectF& right) {
+        return left.right() <= right.left() + SameEdge / 2 &&
+               SameHeight(left.top(), left.bottom(), right.top(), right.bottom());
+    };
+    for (const TPreparedItem& left : band.Items) {
+        if (!IsCell(left)) {
+            continue;
+        }
+        const bool runs = left.Kind == TItemKind::Text && left.Look.Align == TAlign::Left;
+        const double width = runs ? std::min(TextWidth(left, measure) * Spare, left.Rect.width()) : left.Rect.width();
+        for (const TPreparedItem& right : band.Items) {
+            if (IsCell(right) && beside(left.Rect, right.Rect)) {
+                const TGridCell cell = columns.Place(right);
+                if (Overlaps(columns.Place(left), cell) ||
+                    columns.Begin(cell.Column) + SameEdge / 2 < left.Rect.left() + width) {
+                    edges.push_back(right.Rect.left());
+                }
+            }
+        }
+    }
+    return edges;
 }
 
 std::vector<TDraftRow> RowsOf(const TPreparedBand& band, const TColumns& columns) {
@@ -217,25 +268,38 @@ std::vector<const TPreparedBand*> FlowBands(const TPreparedReport& report, std::
     return bands;
 }
 
-} // namespace
-
-TReportGrid BuildReportGrid(const TPreparedReport& report) {
-    TColumns columns;
-    double width = TwipsPerMm; // Of the widest page's room.
+TColumns FindColumns(const TPreparedReport& report, double width, TTextMeasure& measure) {
+    std::vector<const TPreparedBand*> bands;
     for (std::size_t page = 0; page < report.Pages.size(); ++page) {
-        const TPreparedPage& each = report.Pages[page];
-        width = std::max(width, each.Size.width() - each.Margins.left() - each.Margins.right());
-        for (const TPreparedBand* const band : FlowBands(report, page)) {
-            for (const TPreparedItem& item : band->Items) {
-                if (IsCell(item)) {
-                    columns.Add(item);
-                }
+        std::ranges::copy(FlowBands(report, page), std::back_inserter(bands));
+    }
+    TColumns columns;
+    for (const TPreparedBand* const band : bands) {
+        for (const TPreparedItem& item : band->Items) {
+            if (IsCell(item)) {
+                columns.Add(item);
             }
         }
     }
     columns.Finish(width);
+    std::vector<double> missing;
+    for (const TPreparedBand* const band : bands) {
+        std::ranges::copy(MissingEdges(*band, columns, measure), std::back_inserter(missing));
+    }
+    columns.Add(missing);
+    columns.Finish(width);
+    return columns;
+}
 
+} // namespace
+
+TReportGrid BuildReportGrid(const TPreparedReport& report) {
+    double width = TwipsPerMm; // Of the widest page's room.
+    for (const TPreparedPage& each : report.Pages) {
+        width = std::max(width, each.Size.width() - each.Margins.left() - each.Margins.right());
+    }
     TTextMeasure measure;
+    const TColumns columns = FindColumns(report, width, measure);
     TReportGrid grid;
     grid.Columns = columns.Widths();
     for (std::size_t page = 0; page < report.Pages.size(); ++page) {

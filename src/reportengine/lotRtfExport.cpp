@@ -150,8 +150,10 @@ void TRtfDocument::AddRow(const TGridRow& row) {
         FBody += "\\trowd\\trgaph0\\trrh-" + QByteArray::number(Whole(row.GapAbove)) + "\\cellx" +
                  QByteArray::number(Whole(FGrid.Columns.front())) + "\\pard\\intbl\\fs2\\cell\\row\n";
     }
+    const bool heading = row.Band == TBandKind::Header || row.Band == TBandKind::GroupHeader;
     const QRgb ground = row.Gradient ? FReport.Gradient.EndColour : row.Fill;
-    FBody += "\\trowd\\trgaph30\\trleft0\\trrh" + QByteArray::number(Whole(row.Height)) + "\\trkeep\n";
+    FBody += "\\trowd\\trgaph30\\trleft0\\trrh" + QByteArray::number(Whole(row.Height)) + "\\trkeep" +
+             (heading ? "\\trkeepfollow\n" : "\n");
     struct TPiece {
         const TGridCell* Cell; // Null where nothing stands.
         int Last;

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,9 +35,46 @@ std::string MaskOf(const std::string& format) {
     return decimals > 0 ? ",0." + std::string(static_cast<std::size_t>(std::min(decimals, 20)), '0') : ",0";
 }
 
+struct TFigure {
+    double Number = 0;
+    std::string Mask;
+};
+
+/// What a text says that is nothing but a figure, as tables hold those that they have already formatted: "-1,034.50" or
+/// "6.750%". Nothing for any other text, "007" among them.
+std::optional<TFigure> FigureOf(const QString& text, const TNumberLocale& locale) {
+    constexpr int MostDigits = 15; // More than a number keeps.
+    const bool negative = text.startsWith(u'-');
+    const bool percent = text.endsWith(u'%');
+    const QString body = text.sliced(negative ? 1 : 0).chopped(percent ? 1 : 0);
+    const QStringList parts = body.split(QString::fromUcs4(&locale.Decimal, 1));
+    const QStringList groups = parts.front().split(QString::fromUcs4(&locale.Thousand, 1));
+    const auto digits = [](const QString& part) {
+        return !part.isEmpty() && std::ranges::all_of(part, [](QChar c) { return c >= u'0' && c <= u'9'; });
+    };
+    const bool whole = digits(groups.front()) && (groups.size() == 1 || groups.front().size() <= 3) &&
+                       std::all_of(groups.begin() + 1, groups.end(),
+                                   [&](const QString& group) { return digits(group) && group.size() == 3; });
+    const QString first = groups.join(QString());
+    if (!whole || parts.size() > 2 || (parts.size() == 2 && !digits(parts.back())) || body.size() > MostDigits ||
+        (first.size() > 1 && first.startsWith(u'0'))) {
+        return std::nullopt;
+    }
+    TFigure figure;
+    figure.Number = (first + (parts.size() == 2 ? u'.' + parts.back() : QString())).toDouble();
+    figure.Number = negative ? -figure.Number : figure.Number;
+    figure.Mask = groups.size() > 1 ? ",0" : "0";
+    if (parts.size() == 2) {
+        figure.Mask += "." + std::string(static_cast<std::size_t>(parts.back().size()), '0');
+    }
+    figure.Mask += percent ? "%" : "";
+    return figure;
+}
+
 class TSheetMaker {
 public:
-    TSheetMaker(const TReportGrid& grid, TSpreadsheetPage& page) : FGrid(grid), FPage(page) {}
+    TSheetMaker(const TReportGrid& grid, const TNumberLocale& locale, TSpreadsheetPage& page)
+        : FGrid(grid), FLocale(locale), FPage(page) {}
 
     void Make() {
         const TSpreadsheetBatch batch(FPage);
@@ -46,9 +85,7 @@ public:
             if (FRow > 0 && (row.PartStart || row.GapAbove >= GapOfARow)) {
                 FRow += row.PartStart ? 2 : 1;
             }
-            if (AddRow(row)) {
-                ++FRow;
-            }
+            FRow += AddRow(row);
         }
         for (std::size_t i = 0; i < FWidths.size(); ++i) {
             FPage.SetColumnWidth(static_cast<int>(i), std::clamp(FWidths[i], 8, MostColumnPixels));
@@ -56,42 +93,58 @@ public:
     }
 
 private:
-    bool AddRow(const TGridRow& row) {
-        bool any = false;
+    /// The lines that the row takes.
+    int AddRow(const TGridRow& row) {
+        int lines = 0;
         for (const TGridCell& cell : row.Cells) {
             if (cell.Item->Kind == TItemKind::Text) {
-                AddCell(cell);
-                any = true;
+                lines = std::max(lines, AddCell(cell));
             }
         }
-        return any;
+        return lines;
     }
 
-    void AddCell(const TGridCell& cell) {
+    /// The lines that the cell takes.
+    int AddCell(const TGridCell& cell) {
         const TPreparedItem& item = *cell.Item;
         const bool right = item.Look.Align == TAlign::Right;
-        TSpreadsheetStyle style;
-        style.Bold = item.Look.Bold;
-        style.Alignment = right ? TlotAlignment::Right : TlotAlignment::Left;
         // Figures of one column end at one edge, whatever their widths are.
         const int column = right ? cell.Column + cell.Span - 1 : cell.Column;
         if (item.Number) {
-            style.Format = MaskOf(item.Format);
-            FPage.SetNumber(FRow, column, *item.Number, FPage.Style(style));
-            // A text runs on over its neighbours; a figure without room shows as "###".
-            int& width = FWidths[static_cast<std::size_t>(column)];
-            width = std::max(width, static_cast<int>(item.Whole.size() + 2) * DigitPixels);
-            return;
+            AddNumber(FRow, column, item, {*item.Number, MaskOf(item.Format)}, item.Whole.size());
+            return 1;
         }
         // One line in a cell: what was broken into several goes below each other.
         int row = FRow;
-        for (const QString& line : item.Whole.trimmed().split(u'\n')) {
-            FPage.SetText(row++, column, line.trimmed().toStdString(), FPage.Style(style));
+        for (const QString& each : item.Whole.trimmed().split(u'\n')) {
+            const QString line = each.trimmed();
+            if (const auto figure = right ? FigureOf(line, FLocale) : std::nullopt) {
+                AddNumber(row, column, item, *figure, line.size());
+            } else {
+                FPage.SetText(row, column, line.toStdString(), Style(item, {}));
+            }
+            ++row;
         }
-        FRow = std::max(FRow, row - 1);
+        return row - FRow;
+    }
+
+    void AddNumber(int row, int column, const TPreparedItem& item, const TFigure& figure, qsizetype letters) {
+        FPage.SetNumber(row, column, figure.Number, Style(item, figure.Mask));
+        // A text runs on over its neighbours; a figure without room shows as "###".
+        int& width = FWidths[static_cast<std::size_t>(column)];
+        width = std::max(width, static_cast<int>(letters + 2) * DigitPixels);
+    }
+
+    std::uint16_t Style(const TPreparedItem& item, const std::string& format) {
+        TSpreadsheetStyle style;
+        style.Bold = item.Look.Bold;
+        style.Alignment = item.Look.Align == TAlign::Right ? TlotAlignment::Right : TlotAlignment::Left;
+        style.Format = format;
+        return FPage.Style(style);
     }
 
     const TReportGrid& FGrid;
+    const TNumberLocale FLocale;
     TSpreadsheetPage& FPage;
     std::vector<int> FWidths; // Pixels.
     int FRow = 0;
@@ -100,7 +153,8 @@ private:
 void MakeSheet(const TPreparedReport& report, const TlotDocumentTexts& texts, TSpreadsheetPage& page) {
     page.Title = texts.Title;
     page.FontSize = 9;
-    TSheetMaker(BuildReportGrid(report), page).Make();
+    page.FitsPageWidth = true;
+    TSheetMaker(BuildReportGrid(report), report.Locale, page).Make();
 }
 
 } // namespace

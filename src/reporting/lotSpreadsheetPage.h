@@ -81,6 +81,7 @@ public:
     int DefaultColumnWidth = 70; ///< Pixels at 96 to the inch, as all widths.
     int FrozenRows = 0;          ///< That stay in view, and are repeated on each printed page.
     int FrozenColumns = 0;
+    bool FitsPageWidth = false; ///< Printed upright and as small as all columns need; otherwise across, at full size.
     std::vector<std::string> ColumnHeaders; ///< Shown above the cells where there are any.
 
     /// A batch: OnChange waits for the end of the outermost one.

@@ -226,11 +226,15 @@ void WritePrintTitles(TBiffStream& stream, const TSpreadsheetPage& page) {
 void WriteSheetHead(TBiffStream& stream, const TSpreadsheetPage& page) {
     stream.Record(Begin, BeginData(0x0010));
     stream.Record(DefaultRowHeight, TBiffData().U16(0).U16(static_cast<std::uint32_t>(page.FontSize * 28)));
-    stream.Record(SheetFlags, TBiffData().U16(0x04C1));
+    stream.Record(SheetFlags, TBiffData().U16(page.FitsPageWidth ? 0x05C1 : 0x04C1));
     stream.Record(FooterText, TBiffData().LongText("&L&A&RPage &P of &N"));
-    // A4, landscape; margins of half an inch for head and foot.
-    stream.Record(PageSetUp,
-                  TBiffData().U16(9).U16(100).U16(1).U16(1).U16(1).U16(0).U16(600).U16(600).Real(0.5).Real(0.5).U16(1));
+    // A4, upright or across, as many pages down as it takes; margins of half an inch for head and foot.
+    const unsigned pagesDown = page.FitsPageWidth ? 0 : 1;
+    const unsigned upright = page.FitsPageWidth ? 2 : 0;
+    stream.Record(
+        PageSetUp,
+        TBiffData().U16(9).U16(100).U16(1).U16(1).U16(pagesDown).U16(upright).U16(600).U16(600).Real(0.5).Real(0.5).U16(
+            1));
     stream.Record(DefaultColumnWidth, TBiffData().U16(8));
     for (int column = 0; column < page.ColumnCount(); ++column) {
         const auto c = static_cast<std::uint32_t>(column);

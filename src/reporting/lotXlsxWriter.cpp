@@ -122,7 +122,11 @@ void SetUpSheet(lxw_worksheet& sheet, const TSpreadsheetPage& page, lxw_format* 
     const auto rows = static_cast<lxw_row_t>(page.FrozenRows);
     const auto columns = static_cast<lxw_col_t>(page.FrozenColumns);
     worksheet_freeze_panes(&sheet, rows, columns);
-    worksheet_set_landscape(&sheet);
+    if (page.FitsPageWidth) {
+        worksheet_fit_to_pages(&sheet, 1, 0);
+    } else {
+        worksheet_set_landscape(&sheet);
+    }
     worksheet_set_paper(&sheet, 9); // A4
     if (rows > 0) {
         Check(worksheet_repeat_rows(&sheet, 0, rows - 1));

@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <algorithm>
+#include <numeric>
 
 using namespace report;
 
@@ -147,6 +148,33 @@ TEST_F(Exports, SheetsHoldNumbersWithTheirFormats) {
     EXPECT_TRUE(styles.contains("0.0%")) << styles.toStdString();
     EXPECT_TRUE(styles.contains("numFmtId=\"4\"") || styles.contains("#,##0.00"));
     EXPECT_TRUE(ReadBytes(Save("a.xls", TlotExportFormat::Xls)).starts_with("\xD0\xCF\x11\xE0"));
+}
+
+TEST_F(Exports, LinesBesideEachOtherStayInTheirRows) {
+    Script.Run(
+        "<Summary Height='30'><Text Width='40' Height='20'>Profit on cost&#10;Value&#10;Code&#10;Cover&#10;Loss</Text>"
+        "<Text Left='40' Width='20' Height='20' Align='Right' Wrap='True'>8.483%&#10;1,034.50&#10;007&#10;1 years"
+        "&#10;-1,03</Text><Text Left='10' Top='25' Width='20' Height='5'>x</Text></Summary>");
+    const TReportGrid grid = BuildReportGrid(Report());
+    const TGridCell& names = grid.Rows[0].Cells[0];
+    EXPECT_GT(std::accumulate(grid.Columns.begin(), grid.Columns.begin() + names.Span, 0.0), 30 * TwipsPerMm)
+        << "figures take the room that they need for their widest line, not that of the names";
+    const QString file = QString::fromStdString(Save("a.xlsx", TlotExportFormat::Xlsx));
+    QStringList cells; // Of each row: how many, and the number if there is one.
+    QXmlStreamReader reader(Output("unzip", {"-p", file, "xl/worksheets/sheet1.xml"}));
+    while (!reader.atEnd()) {
+        if (!reader.readNextStartElement()) {
+            continue;
+        }
+        if (reader.name() == QString("row")) {
+            cells += QString();
+        } else if (reader.name() == QString("c")) {
+            const bool text = reader.attributes().value("t") == QString("s");
+            reader.readNextStartElement();
+            cells.back() += text ? "t " : reader.readElementText() + " ";
+        }
+    }
+    EXPECT_EQ(cells.join("|").toStdString(), "t 0.08483 |t 1034.5 |t t |t t |t t |t ");
 }
 
 TEST_F(Exports, PartsOfADocumentAreKeptApart) {
