@@ -14,6 +14,7 @@ namespace report {
 namespace {
 
 constexpr double PictureScale = 200 / TwipsPerInch; // Pixels to the twip, of charts.
+constexpr int CellPadding = 30;                     // Twips, on either side.
 constexpr QRgb RuleColour = 0xFF12343B;
 
 int Whole(double twips) {
@@ -83,7 +84,9 @@ QByteArray TRtfDocument::Look(const TTextLook& look) {
 QByteArray TRtfDocument::Picture(const TPreparedItem& item) const {
     const bool picture = item.Kind == TItemKind::Picture;
     const QImage image = picture ? *item.Picture : ItemPicture(FReport, item, PictureScale);
-    const QSizeF size = picture ? QSizeF(image.size()).scaled(item.Rect.size(), Qt::KeepAspectRatio) : item.Rect.size();
+    // What is wider than the cell within its padding would be cut.
+    const QSizeF room(std::max(1.0, item.Rect.width() - 2 * CellPadding), item.Rect.height());
+    const QSizeF size = QSizeF(image.size()).scaled(room, Qt::KeepAspectRatio);
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
@@ -152,8 +155,8 @@ void TRtfDocument::AddRow(const TGridRow& row) {
     }
     const bool heading = row.Band == TBandKind::Header || row.Band == TBandKind::GroupHeader;
     const QRgb ground = row.Gradient ? FReport.Gradient.EndColour : row.Fill;
-    FBody += "\\trowd\\trgaph30\\trleft0\\trrh" + QByteArray::number(Whole(row.Height)) + "\\trkeep" +
-             (heading ? "\\trkeepfollow\n" : "\n");
+    FBody += "\\trowd\\trgaph" + QByteArray::number(CellPadding) + "\\trleft0\\trrh" +
+             QByteArray::number(Whole(row.Height)) + "\\trkeep" + (heading ? "\\trkeepfollow\n" : "\n");
     struct TPiece {
         const TGridCell* Cell; // Null where nothing stands.
         int Last;
