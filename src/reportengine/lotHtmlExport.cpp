@@ -78,7 +78,7 @@ QString THtmlPage::Head() const {
         << "tr.bar td{background:" << Colour(FReport.Gradient.EndColour) << ";padding:4px 2px}\n"
         << "tr.bar{background:linear-gradient(to right," << Colour(FReport.Gradient.StartColour) << ","
         << Colour(FReport.Gradient.EndColour) << ")}\ntr.bar td{background:none}\n"
-        << "td img{max-width:100%;height:auto}\n"
+        << "td img{max-width:100%;height:auto}\ntr.top td{vertical-align:top}\n"
         << "@media print{body{background:#fff}main{margin:0;padding:0;box-shadow:none;max-width:none}"
            "table+table{page-break-before:always}}\n";
     for (std::size_t i = 0; i < FLooks.size(); ++i) {
@@ -137,6 +137,8 @@ void THtmlPage::AddRow(QString& body, const TGridRow& row) {
     classes += row.RuleAbove ? QStringList("above") : QStringList();
     classes += row.RuleBelow ? QStringList("below") : QStringList();
     classes += row.Gradient ? QStringList("bar") : QStringList();
+    const auto isText = [](const TGridCell& cell) { return cell.Item->Kind == TItemKind::Text; };
+    classes += std::ranges::all_of(row.Cells, isText) ? QStringList() : QStringList("top");
     body += classes.isEmpty() ? QString("<tr") : "<tr class=\"" + classes.join(' ') + "\"";
     body += qAlpha(row.Fill) != 0 ? " style=\"background:" + Colour(row.Fill) + "\">" : QString(">");
     int column = 0;

@@ -16,7 +16,8 @@ namespace {
 constexpr double SameEdge = 120;    // Twips; nearer edges are one.
 constexpr double WideShare = 0.6;   // Of the page's room: a line of that width rules a row, a shorter one a figure.
 constexpr double RuleDistance = 80; // Twips between a rule and its row.
-constexpr double Spare = 1.15;      // Other programs' letters may be wider than ours.
+constexpr double HeadingGap = 5 * TwipsPerMm;
+constexpr double Spare = 1.15; // Other programs' letters may be wider than ours.
 
 bool IsCell(const TPreparedItem& item) {
     switch (item.Kind) {
@@ -305,14 +306,18 @@ TReportGrid BuildReportGrid(const TPreparedReport& report) {
     for (std::size_t page = 0; page < report.Pages.size(); ++page) {
         bool partStart = page > 0 && report.Pages[page].PartStart;
         const std::vector<const TPreparedBand*> bands = FlowBands(report, page);
+        bool top = true;
         double bottom = bands.empty() ? 0 : bands.front()->Top; // Of what was read last.
         for (const TPreparedBand* const band : bands) {
             std::vector<TDraftRow> rows = RowsOf(*band, columns);
             Decorate(*band, width, rows);
             for (TDraftRow& row : rows) {
                 row.Row.Height = row.Bottom - row.Top;
-                row.Row.GapAbove = std::clamp(band->Top + row.Top - bottom, 0.0, 15 * TwipsPerMm);
+                // What begins a page has room above it there; here a heading needs some.
+                const double least = top && page > 0 && band->Kind == TBandKind::Header ? HeadingGap : 0;
+                row.Row.GapAbove = std::clamp(band->Top + row.Top - bottom, least, 15 * TwipsPerMm);
                 row.Row.PartStart = partStart;
+                top = false;
                 partStart = false;
                 bottom = std::max(bottom, band->Top + row.Bottom);
                 std::ranges::sort(row.Row.Cells, {}, &TGridCell::Column);
