@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "common/vipErrors.h"
+#include "common/vipNumber.h"
 #include "reportengine/lotReportExports.h"
 #include "reportengine/lotReportGrid.h"
 #include "reporting/lotSpreadsheetPage.h"
@@ -43,32 +43,18 @@ struct TFigure {
 /// What a text says that is nothing but a figure, as tables hold those that they have already formatted: "-1,034.50" or
 /// "6.750%". Nothing for any other text, "007" among them.
 std::optional<TFigure> FigureOf(const QString& text, const TNumberLocale& locale) {
-    constexpr int MostDigits = 15; // More than a number keeps.
-    const bool negative = text.startsWith(u'-');
     const bool percent = text.endsWith(u'%');
-    const QString body = text.sliced(negative ? 1 : 0).chopped(percent ? 1 : 0);
-    const QStringList parts = body.split(QString::fromUcs4(&locale.Decimal, 1));
-    const QStringList groups = parts.front().split(QString::fromUcs4(&locale.Thousand, 1));
-    const auto digits = [](const QString& part) {
-        return !part.isEmpty() && std::ranges::all_of(part, [](QChar c) { return c >= u'0' && c <= u'9'; });
-    };
-    const bool whole = digits(groups.front()) && (groups.size() == 1 || groups.front().size() <= 3) &&
-                       std::all_of(groups.begin() + 1, groups.end(),
-                                   [&](const QString& group) { return digits(group) && group.size() == 3; });
-    const QString first = groups.join(QString());
-    if (!whole || parts.size() > 2 || (parts.size() == 2 && !digits(parts.back())) || body.size() > MostDigits ||
-        (first.size() > 1 && first.startsWith(u'0'))) {
-        return std::nullopt;
-    }
+    const QString body = text.chopped(percent ? 1 : 0);
     TFigure figure;
-    figure.Number = (first + (parts.size() == 2 ? u'.' + parts.back() : QString())).toDouble();
-    figure.Number = negative ? -figure.Number : figure.Number;
-    figure.Mask = groups.size() > 1 ? ",0" : "0";
-    if (parts.size() == 2) {
-        figure.Mask += "." + std::string(static_cast<std::size_t>(parts.back().size()), '0');
+    figure.Mask = body.contains(QString::fromUcs4(&locale.Thousand, 1)) ? ",0" : "0";
+    if (const qsizetype point = body.indexOf(QString::fromUcs4(&locale.Decimal, 1)); point >= 0) {
+        figure.Mask += "." + std::string(static_cast<std::size_t>(body.size() - point - 1), '0');
     }
     figure.Mask += percent ? "%" : "";
-    return figure;
+    figure.Number = vip::StrToNumber(body.toStdString(), locale);
+    // It is one if the figure in that format is the text again.
+    const bool same = vip::FormatMask(figure.Mask, figure.Number, locale) == text.toStdString();
+    return same ? std::optional(figure) : std::nullopt;
 }
 
 class TSheetMaker {
