@@ -2,7 +2,7 @@
 # Targets of the tree. A folder without sources yet is passed over, so the tree configures at any stage.
 
 # lot_add_floor(<name> [QT] [DEPS floor...] [LIBS target...] [PUBLIC_LIBS target...])
-# The static library lot_<name> from src/<name>/*.cpp, standing on the floors in DEPS and on nothing above it.
+# The static library lot_<name> from all *.cpp below src/<name>, its rooms included, standing on the floors in DEPS and on nothing above it.
 # LIBS are known to this floor alone. QT: its classes may have signals. A floor without sources only passes on what
 # lies below.
 function(lot_add_floor name)
@@ -10,8 +10,8 @@ function(lot_add_floor name)
     set(target lot_${name})
     set(deps ${arg_DEPS})
     list(TRANSFORM deps PREPEND lot_)
-    file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/${name}/*.cpp")
-    file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/${name}/*.h")
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/${name}/*.cpp")
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/${name}/*.h")
     if(sources)
         add_library(${target} STATIC ${sources} ${headers})
         target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
@@ -34,9 +34,10 @@ endfunction()
 function(lot_check_headers floor)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;LIBS")
     foreach(header IN LISTS arg_HEADERS)
-        cmake_path(GET header STEM LAST_ONLY stem)
-        set(unit "${PROJECT_BINARY_DIR}/headers/${floor}/${stem}.cpp")
-        file(GENERATE OUTPUT "${unit}" CONTENT "#include \"${floor}/${stem}.h\"\n")
+        cmake_path(RELATIVE_PATH header BASE_DIRECTORY "${PROJECT_SOURCE_DIR}/src" OUTPUT_VARIABLE name)
+        cmake_path(REMOVE_EXTENSION name LAST_ONLY)
+        set(unit "${PROJECT_BINARY_DIR}/headers/${name}.cpp")
+        file(GENERATE OUTPUT "${unit}" CONTENT "#include \"${name}.h\"\n")
         list(APPEND units "${unit}")
     endforeach()
     add_library(lot_${floor}_headers OBJECT ${units})

@@ -24,8 +24,8 @@ target_compile_definitions(lot_test_support ${scope}
 add_library(lot_qt_main OBJECT "${PROJECT_SOURCE_DIR}/tests/support/qt/lotQtMain.cpp")
 target_link_libraries(lot_qt_main PUBLIC GTest::gtest Qt6::Widgets Qt6::Test)
 
-foreach(floor IN ITEMS common engine finance model sensitivity persistence reporting app reportengine tool widgets shell)
-    file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${floor}/*.cpp")
+foreach(floor IN ITEMS common engine finance model sensitivity persistence reporting app editing reportengine tool widgets shell)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/${floor}/*.cpp")
     if(NOT sources)
         continue()
     endif()
