@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "editing/lotListSource.h"
+
+#include <utility>
+
+void TlotEditingSource::Settle() {
+    if (std::exchange(FDirty, false)) {
+        FData.Recalculate();
+    }
+}
+
+void TlotEditingSource::Written() {
+    Modified = true;
+    FDirty = FDirty || FRules.RecalculateAtNextRead;
+    if (!FRules.QuietWrites && OnChange) {
+        OnChange();
+    }
+}
+
+void TlotEditingSource::RecordsChanged() {
+    Modified = true;
+    if (FRules.ChangeWithRecords && OnChange) {
+        OnChange();
+    }
+    DataChanged();
+}
