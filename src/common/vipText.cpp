@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/vipText.h"
 
+#include <unicode/uchar.h>
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -41,6 +43,24 @@ std::size_t SequenceLength(std::string_view text, std::size_t position) noexcept
     return length;
 }
 
+constexpr bool IsAscii(char c) noexcept {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+constexpr char32_t LowerAscii(char32_t c) noexcept {
+    return c >= U'A' && c <= U'Z' ? c + 32 : c;
+}
+
+/// The next code point, folded; `position` is moved past it.
+char32_t NextFolded(std::string_view text, std::size_t& position) noexcept {
+    const char c = text[position];
+    if (IsAscii(c)) {
+        ++position;
+        return LowerAscii(static_cast<char32_t>(c));
+    }
+    return LowerCodePoint(NextCodePoint(text, position));
+}
+
 } // namespace
 
 std::string_view Trim(std::string_view text) noexcept {
@@ -71,33 +91,17 @@ char32_t NextCodePoint(std::string_view text, std::size_t& position) noexcept {
 
 char32_t LowerCodePoint(char32_t c) noexcept {
     if (c < 0x80) {
-        return c >= U'A' && c <= U'Z' ? c + 32 : c;
+        return LowerAscii(c);
     }
-    if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9 && c != 0x3A2) ||
-        (c >= 0x410 && c <= 0x42F)) {
-        return c + 32;
-    }
-    if (c >= 0x400 && c <= 0x40F) {
-        return c + 80;
-    }
-    const bool evenIsUpper = (c >= 0x100 && c <= 0x137 && c != 0x130 && c != 0x131) || (c >= 0x14A && c <= 0x177) ||
-                             (c >= 0x460 && c <= 0x481) || (c >= 0x48A && c <= 0x4BF) || (c >= 0x4D0 && c <= 0x52F);
-    if (evenIsUpper) {
-        return c | 1U;
-    }
-    const bool oddIsUpper = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E) || (c >= 0x4C1 && c <= 0x4CE);
-    if (oddIsUpper) {
-        return (c & 1U) != 0 ? c + 1 : c;
-    }
-    return c == 0x178 ? U'\xFF' : c;
+    return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
 }
 
 int CompareText(std::string_view a, std::string_view b) noexcept {
     std::size_t i = 0;
     std::size_t j = 0;
     while (i < a.size() && j < b.size()) {
-        const char32_t left = LowerCodePoint(NextCodePoint(a, i));
-        const char32_t right = LowerCodePoint(NextCodePoint(b, j));
+        const char32_t left = NextFolded(a, i);
+        const char32_t right = NextFolded(b, j);
         if (left != right) {
             return left < right ? -1 : 1;
         }
@@ -109,21 +113,13 @@ int CompareText(std::string_view a, std::string_view b) noexcept {
 }
 
 bool SameText(std::string_view a, std::string_view b) noexcept {
-    // A letter and its lower case take as many bytes, so texts of different lengths are different.
-    if (a.size() != b.size()) {
+    // Their lengths tell nothing, since the Kelvin sign takes three bytes and its "k" one. Their ends do: names in a
+    // list differ there sooner than where they begin.
+    if (!a.empty() && !b.empty() && IsAscii(a.back()) && IsAscii(b.back()) &&
+        LowerAscii(static_cast<char32_t>(a.back())) != LowerAscii(static_cast<char32_t>(b.back()))) {
         return false;
     }
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        const auto left = static_cast<unsigned char>(a[i]);
-        const auto right = static_cast<unsigned char>(b[i]);
-        if (left >= 0x80 && right >= 0x80) {
-            return CompareText(a.substr(i), b.substr(i)) == 0;
-        }
-        if (left != right && LowerCodePoint(left) != LowerCodePoint(right)) {
-            return false;
-        }
-    }
-    return true;
+    return CompareText(a, b) == 0;
 }
 
 void AppendCodePoint(std::string& text, char32_t c) {

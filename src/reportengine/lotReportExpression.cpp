@@ -73,9 +73,7 @@ TValue TComputation::Compare(const TNode& node) const {
     const TValue right = Value(node.Parts[1]);
     int order = 0;
     if (std::holds_alternative<std::string>(left.Content) || std::holds_alternative<std::string>(right.Content)) {
-        const QString a = QString::fromStdString(left.AsText());
-        const QString b = QString::fromStdString(right.AsText());
-        order = vip::SameText(left.AsText(), right.AsText()) ? 0 : a.compare(b, Qt::CaseInsensitive);
+        order = vip::CompareText(left.AsText(), right.AsText());
     } else {
         const double a = left.AsNumber();
         const double b = right.AsNumber();
