@@ -3,9 +3,7 @@
 
 #include "common/vipText.h"
 
-#include <array>
 #include <charconv>
-#include <cmath>
 #include <utility>
 
 namespace vip {
@@ -88,90 +86,6 @@ double ParseNumber(std::u32string text, char32_t decimal, char32_t thousand) {
     return negative ? -value : value;
 }
 
-/// The decimal digits of a finite, positive figure: 0.d1d2d3... times ten to the exponent.
-struct TDecimal {
-    std::string Digits;
-    int Exponent = 0;
-};
-
-/// From a scientific form "d.ddde+xx".
-TDecimal FromScientific(std::string_view text) {
-    TDecimal result;
-    const std::size_t e = text.find('e');
-    for (const char c : text.substr(0, e)) {
-        if (c != '.') {
-            result.Digits.push_back(c);
-        }
-    }
-    std::string_view exponent = text.substr(e + 1);
-    if (exponent.front() == '+') {
-        exponent.remove_prefix(1);
-    }
-    int power = 0;
-    std::from_chars(exponent.data(), exponent.data() + exponent.size(), power);
-    result.Exponent = power + 1;
-    return result;
-}
-
-TDecimal ShortestDecimal(double value) {
-    std::array<char, 64> buffer{};
-    const auto [end, error] =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific);
-    return FromScientific({buffer.data(), end});
-}
-
-TDecimal DecimalOf15(double value) {
-    std::array<char, 64> buffer{};
-    const auto [end, error] =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific, 14);
-    TDecimal result = FromScientific({buffer.data(), end});
-    while (result.Digits.size() > 1 && result.Digits.back() == '0') {
-        result.Digits.pop_back();
-    }
-    return result;
-}
-
-/// Keeps `places` decimals, rounding half away from zero on the decimal digits.
-void RoundDecimal(TDecimal& figure, int places) {
-    const int keep = figure.Exponent + places;
-    if (keep < 0) {
-        figure.Digits.clear();
-        return;
-    }
-    const auto count = static_cast<std::size_t>(keep);
-    if (count >= figure.Digits.size()) {
-        return;
-    }
-    bool carry = figure.Digits[count] >= '5';
-    figure.Digits.resize(count);
-    for (std::size_t i = count; carry && i-- > 0;) {
-        carry = figure.Digits[i] == '9';
-        figure.Digits[i] = carry ? '0' : static_cast<char>(figure.Digits[i] + 1);
-    }
-    if (carry) {
-        figure.Digits.insert(figure.Digits.begin(), '1');
-        ++figure.Exponent;
-    }
-}
-
-char DigitAt(const TDecimal& figure, int index) {
-    return index >= 0 && index < static_cast<int>(figure.Digits.size()) ? figure.Digits[static_cast<std::size_t>(index)]
-                                                                        : '0';
-}
-
-void AppendWhole(std::string& text, const TDecimal& figure, bool grouped, char32_t thousand) {
-    if (figure.Exponent <= 0) {
-        text.push_back('0');
-        return;
-    }
-    for (int i = 0; i < figure.Exponent; ++i) {
-        if (grouped && i > 0 && (figure.Exponent - i) % 3 == 0) {
-            AppendCodePoint(text, thousand);
-        }
-        text.push_back(DigitAt(figure, i));
-    }
-}
-
 } // namespace
 
 double StrToNumber(std::string_view text, const TNumberLocale& locale) {
@@ -194,56 +108,6 @@ double FileNumber(std::string_view text, const TNumberLocale& locale) {
         return ParseNumber(std::move(points), separator, U'\0');
     }
     return ParseNumber(std::move(points), locale.Decimal, locale.Thousand);
-}
-
-std::string NumberToText(double value, const TNumberLocale& locale) {
-    if (value == 0 || !std::isfinite(value)) {
-        return "0";
-    }
-    const TDecimal figure = DecimalOf15(std::fabs(value));
-    std::string text = value < 0 ? "-" : "";
-    AppendWhole(text, figure, false, locale.Thousand);
-    const int count = static_cast<int>(figure.Digits.size());
-    if (count > figure.Exponent) {
-        AppendCodePoint(text, locale.Decimal);
-        for (int i = figure.Exponent; i < count; ++i) {
-            text.push_back(DigitAt(figure, i));
-        }
-    }
-    return text;
-}
-
-std::string FormatMask(std::string_view mask, double value, const TNumberLocale& locale) {
-    const bool grouped = !mask.empty() && mask.front() == ',';
-    mask.remove_prefix(grouped ? 1 : 0);
-    mask.remove_prefix(!mask.empty() && mask.front() == '0' ? 1 : 0);
-    int places = 0;
-    if (!mask.empty() && mask.front() == '.') {
-        mask.remove_prefix(1);
-        while (!mask.empty() && mask.front() == '0') {
-            mask.remove_prefix(1);
-            ++places;
-        }
-    }
-    TDecimal figure;
-    if (value != 0 && std::isfinite(value)) {
-        figure = ShortestDecimal(std::fabs(value));
-        RoundDecimal(figure, places);
-    }
-    const bool zero = figure.Digits.find_first_not_of('0') == std::string::npos;
-    if (zero) {
-        figure = {};
-    }
-    std::string text = value < 0 && !zero ? "-" : "";
-    AppendWhole(text, figure, grouped, locale.Thousand);
-    if (places > 0) {
-        AppendCodePoint(text, locale.Decimal);
-        for (int i = 0; i < places; ++i) {
-            text.push_back(DigitAt(figure, figure.Exponent + i));
-        }
-    }
-    text += mask;
-    return text;
 }
 
 } // namespace vip

@@ -31,10 +31,18 @@ namespace vip {
 /// what is no number.
 [[nodiscard]] std::string NumberToText(double value, const TNumberLocale& locale);
 
-/// `value` by a mask: an optional "," (thousands), "0", optionally "." with as many "0" as decimals, optionally a tail
-/// such as "%". Rounds half away from zero on the shortest decimal form of the figure; a figure that rounds to zero
-/// carries no sign.
+/// The shortest plain text that reads back (StrToNumber, same locale) as the same number to the last bit, never an
+/// exponent; "0" as above. For figures that are copied to other programs.
+[[nodiscard]] std::string NumberToFullText(double value, const TNumberLocale& locale);
+
+/// `value` by a mask (common/vipMask.h): ",0", "0.000%", "£,0;-£,0", ",0.00;,-0.00;#". Rounds half away from zero on
+/// the shortest decimal form of the figure. A figure that rounds to zero shows as a zero does: by the third section if
+/// there is one, else by the first, without a sign. A negative figure has "-" in front, unless its own section says
+/// otherwise.
 [[nodiscard]] std::string FormatMask(std::string_view mask, double value, const TNumberLocale& locale);
+
+/// The mask while the figure is edited: the digits of the first section alone. "0.00" for ",0.00;,-0.00;#".
+[[nodiscard]] std::string EditMask(std::string_view mask);
 
 /// The separators of a locale name ("de_DE", "fr-CH.UTF-8", "C"); nothing if the name isn't known.
 [[nodiscard]] std::optional<TNumberLocale> FindNumberLocale(std::string_view name);

@@ -2,6 +2,7 @@
 #include "reporting/lotWorkbook.h"
 
 #include "common/vipErrors.h"
+#include "common/vipMask.h"
 #include "common/vipText.h"
 #include "persistence/lotAtomicFile.h"
 
@@ -33,10 +34,39 @@ std::string CellText(const TSpreadsheetPage& page, int row, int column, const TN
     if (cell.Kind == TSpreadsheetCell::TKind::Text) {
         return page.TextOf(cell);
     }
-    if (cell.Kind == TSpreadsheetCell::TKind::Number && !page.StyleOf(cell).Format.ends_with('%')) {
+    if (cell.Kind == TSpreadsheetCell::TKind::Number && !vip::ReadMask(page.StyleOf(cell).Format).IsPercentage()) {
         return vip::NumberToText(cell.Number, locale);
     }
     return page.Shown(row, column, locale).Text;
+}
+
+/// What could be taken for a code of number formats, such as the "m" of months, in quotes.
+void AppendLiteral(std::string& format, std::string_view text) {
+    bool quoted = false;
+    for (const char c : text) {
+        const bool quote = std::string_view("%-+()$ ").find(c) == std::string_view::npos;
+        if (quote != quoted) {
+            format += '"';
+            quoted = quote;
+        }
+        format += c == '"' ? '\'' : c; // Within quotes there is no way to write one.
+    }
+    format.append(quoted ? 1 : 0, '"');
+}
+
+void AppendSection(std::string& format, const TMaskSection& section) {
+    if (!section.Digits && section.Before.empty()) {
+        format += "\"\"";
+        return;
+    }
+    AppendLiteral(format, section.Before);
+    if (section.Digits) {
+        format += section.Grouped ? "#,##0" : "0";
+        if (section.Places > 0) {
+            format += '.' + std::string(static_cast<std::size_t>(section.Places), '0');
+        }
+        AppendLiteral(format, section.After);
+    }
 }
 
 } // namespace
@@ -81,17 +111,20 @@ std::string WorkbookFormat(std::string_view format) {
     if (format.empty()) {
         return "General";
     }
-    if (format.front() == ',') {
-        return "#,##" + std::string(format.substr(1));
-    }
-    if (format.front() == '(') {
+    if (format == AccountingFormat || format == AccountingRedFormat) {
         return std::string(format.substr(1)); // "#,##0_);[Red](#,##0)"
     }
-    return std::string(format);
+    const TMask mask = vip::ReadMask(format);
+    std::string result;
+    for (std::size_t i = 0; i < mask.Count; ++i) {
+        result += i > 0 ? ";" : "";
+        AppendSection(result, mask.Sections.at(i));
+    }
+    return result;
 }
 
 double WorkbookNumber(std::string_view format, double value) {
-    return format.ends_with('%') ? value / 100 : value;
+    return vip::ReadMask(format).IsPercentage() ? value / 100 : value;
 }
 
 double WorkbookWidth(int pixels) {

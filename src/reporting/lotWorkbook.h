@@ -29,7 +29,7 @@ void SaveWorkbook(const TSpreadsheetPage& page, const std::string& fileName, con
 
 // What both workbook formats are told of a cell.
 
-/// The number format as spreadsheet programs write it: "#,##0" for ",0".
+/// The number format as spreadsheet programs write it: "#,##0" for ",0", section by section.
 [[nodiscard]] std::string WorkbookFormat(std::string_view format);
 /// The number of a cell as they hold it: percentages as ratios.
 [[nodiscard]] double WorkbookNumber(std::string_view format, double value);

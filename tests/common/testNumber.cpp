@@ -3,9 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <limits>
 #include <random>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -98,6 +102,79 @@ TEST(Number, MasksRoundHalfAwayFromZeroOnTheDecimalForm) {
         EXPECT_EQ(vip::FormatMask(mask, value, English), text) << mask << ' ' << value;
     }
     EXPECT_EQ(vip::FormatMask(",0.00", -1234567.891, German), "-1.234.567,89");
+}
+
+TEST(Number, ASectionOfItsOwnSaysHowBelowZeroAndZeroShow) {
+    const std::tuple<const char*, double, const char*> cases[] = {
+        {"£,0;-£,0", 1234567.5, "£1,234,568"},
+        {"£,0;-£,0", -1234.5, "-£1,235"},
+        {"£,0;-£,0", -0.4, "£0"}, // what rounds to zero is one
+        {"£,0", -1234, "-£1,234"},
+        {",0.00;,-0.00;#", 1234.5, "1,234.50"},
+        {",0.00;,-0.00;#", -1234.5, "-1,234.50"},
+        {",0.00;,-0.00;#", 0, ""},
+        {",0.00;,-0.00;#", 0.004, ""},
+        {",0.00;,-0.00;#", -0.004, ""},
+        {",0.00;,-0.00;#", -0.005, "-0.01"},
+        {",0.000;-,0.000", -1234.5678, "-1,234.568"},
+        {"0.00%;,-0.00%;#", 7.5, "7.50%"},
+        {"0.00%;,-0.00%;#", -1007.5, "-1,007.50%"},
+        {",0;(,0);-", -1034.5, "(1,035)"},
+        {",0;(,0);-", 0.3, "-"},
+        {"0.0;(0)", -0.4, "0.0"}, // rounded as its own section rounds, shown as zero is
+        {"0 a year;0 lost;nil", 12, "12 a year"},
+        {"0 a year;0 lost;nil", 0, "nil"},
+        {"0;;", -5, ""},
+        {"0;-0;0.0;x", 0, "0.0"},
+        {"", -4.5, "-5"},
+        {".00", 4.5, "4.50"},
+        {"#", 4, ""},
+        {"0.00;-0.00;#", NAN, ""},
+        {"0;(0)", -INFINITY, "0"},
+    };
+    for (const auto& [mask, value, text] : cases) {
+        EXPECT_EQ(vip::FormatMask(mask, value, English), text) << mask << ' ' << value;
+    }
+    EXPECT_EQ(vip::FormatMask("£,0.0;-£,0.0", -1234.56, French), "-£1\u00A0234,6");
+}
+
+TEST(Number, AMaskIsEditedAsItsDigitsAlone) {
+    const std::pair<const char*, const char*> cases[] = {
+        {",0", "0"},          {",0.00", "0.00"}, {"0.000%", "0.000"}, {",0.00;,-0.00;#", "0.00"},
+        {"£,0;-£,0.00", "0"}, {"(0.0)", "0.0"},  {"", "0"},           {"#;0.00", "0"},
+    };
+    for (const auto& [mask, text] : cases) {
+        EXPECT_EQ(vip::EditMask(mask), text) << mask;
+    }
+}
+
+TEST(Number, FullTextReadsBackToTheBitInEveryCountry) {
+    const std::pair<double, const char*> cases[] = {
+        {0.1 + 0.2, "0.30000000000000004"},
+        {-1234567.875, "-1234567.875"},
+        {1e15, "1000000000000000"},
+        {5e-7, "0.0000005"},
+        {-0.0, "0"},
+        {INFINITY, "0"},
+    };
+    for (const auto& [value, text] : cases) {
+        EXPECT_EQ(vip::NumberToFullText(value, English), text);
+    }
+    EXPECT_EQ(vip::NumberToFullText(-1234.5, French), "-1234,5");
+    std::mt19937_64 random(20240301);
+    std::vector<double> values = {std::numeric_limits<double>::max(), std::numeric_limits<double>::min(),
+                                  std::numeric_limits<double>::denorm_min(), std::nextafter(1.0, 2.0)};
+    while (values.size() < 2000) {
+        const double value = std::bit_cast<double>(random());
+        if (std::isfinite(value)) {
+            values.push_back(value);
+        }
+    }
+    for (const double value : values) {
+        for (const TNumberLocale& locale : {English, German, French}) {
+            ASSERT_EQ(vip::StrToNumber(vip::NumberToFullText(value, locale), locale), value);
+        }
+    }
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <bit>
 #include <cstdint>
 #include <map>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -181,6 +182,23 @@ TEST(Workbook, BinaryRefusesWhatItHasNoRoomFor) {
     page.Clear();
     page.SetNumber(65'536, 0, 1, 0);
     EXPECT_THROW(static_cast<void>(XlsBytes(page)), ELotError);
+}
+
+TEST(Workbook, MasksAreTheFormatsOfSpreadsheets) {
+    const std::tuple<const char*, const char*, double> cases[] = {
+        {"", "General", 1},
+        {",0.00", "#,##0.00", 1},
+        {"0.000%", "0.000%", 100},
+        {"£,0;-£,0", "\"£\"#,##0;-\"£\"#,##0", 1},
+        {"0.00%;,-0.00%;#", "0.00%;-#,##0.00%;\"\"", 100},
+        {",0;(,0);nil", "#,##0;(#,##0);\"nil\"", 1},
+        {"0 m", "0 \"m\"", 1}, // no months
+        {"(#,##0_);[Red](#,##0)", "#,##0_);[Red](#,##0)", 1},
+    };
+    for (const auto& [mask, format, unit] : cases) {
+        EXPECT_EQ(WorkbookFormat(mask), format);
+        EXPECT_EQ(WorkbookNumber(mask, unit), 1) << mask;
+    }
 }
 
 TEST(Workbook, TextsAreSeparatedByTheUsersRules) {
