@@ -50,6 +50,8 @@ if(TARGET lotcalc)
         add_test(NAME golden.${stem} COMMAND "${PROJECT_SOURCE_DIR}/scripts/golden" $<TARGET_FILE:lotcalc> "${case}")
         set_tests_properties(golden.${stem} PROPERTIES LABELS golden TIMEOUT 120)
     endforeach()
+    add_test(NAME check.completeness COMMAND "${PROJECT_SOURCE_DIR}/scripts/check-completeness" $<TARGET_FILE:lotcalc>)
+    set_tests_properties(check.completeness PROPERTIES LABELS check)
 endif()
 
 add_test(NAME check.includes COMMAND "${PROJECT_SOURCE_DIR}/scripts/check-includes")
