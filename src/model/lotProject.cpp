@@ -4,14 +4,6 @@
 #include "common/vipText.h"
 
 #include <algorithm>
-#include <array>
-
-std::string_view ResidualKeyword(TlotResidualTarget target) noexcept {
-    constexpr std::array<std::string_view, 5> keywords = {"", "PROFITONCOST", "PROFITONGDV", "PROFITONNDV",
-                                                          "RENTALYIELD"};
-    const auto index = static_cast<std::size_t>(target);
-    return index < keywords.size() ? keywords.at(index) : std::string_view();
-}
 
 TlotProject::TlotProject(double today)
     : StartDate(today), SiteGroup("Site Costs"), ConstructionGroup("Construction Costs") {
