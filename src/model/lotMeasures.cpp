@@ -142,6 +142,11 @@ constexpr auto TargetTexts = [] {
 
 } // namespace
 
+std::int32_t TlotMeasureInfo::Decimals() const noexcept {
+    const std::size_t point = Mask.find('.');
+    return point == std::string_view::npos ? 0 : static_cast<std::int32_t>(std::ranges::count(Mask.substr(point), '0'));
+}
+
 std::span<const TlotMeasureInfo> Measures() noexcept {
     return Table;
 }

@@ -56,6 +56,8 @@ struct TlotMeasureInfo {
 
     [[nodiscard]] bool IsCover() const noexcept { return Mask.empty(); }
     [[nodiscard]] bool IsPercentage() const noexcept { return Mask.ends_with('%'); }
+    /// That the mask shows.
+    [[nodiscard]] std::int32_t Decimals() const noexcept;
 };
 
 /// All of them, in the order of TlotMeasure.
