@@ -43,7 +43,7 @@ void AddUnit(TlotProject& project, int number, int months) {
 }
 
 void AddItem(TlotSection& section, int number, int months) {
-    TlotItem& item = section.AddItem();
+    TlotItem& item = section.Items.Add();
     item.Name = "Item " + std::to_string(number);
     item.Percentage = number % 2 == 0;
     item.Amount.Value = item.Percentage ? 0.02 : 1500 + number;
@@ -61,11 +61,11 @@ std::unique_ptr<TlotProject> MadeProject(int lines, int months) {
     }
     for (int i = 0; i < lines / 2; ++i) {
         if (i % 25 == 0) {
-            TlotSection& section = *project->Sections.emplace_back(std::make_unique<TlotSection>());
+            TlotSection& section = project->Sections.Add();
             section.Name = "Section " + std::to_string(i);
             section.Group = "Construction Costs";
         }
-        AddItem(*project->Sections.back(), i, months);
+        AddItem(project->Sections[project->Sections.Count() - 1], i, months);
     }
     TlotLoan& loan = project->Funding.Loans.Add();
     loan.Name = "Facility";

@@ -128,7 +128,7 @@ void AddTestUnit(TlotProject& project, const TUnitRow& row) {
     unit.SalesLine.Period = 5;
     for (const TAreaRow& areaRow : row.Areas) {
         TlotArea& area = unit.Areas.Add();
-        area.Description = areaRow.Description;
+        area.SetDescription(areaRow.Description);
         area.SetArea(areaRow.Area);
         area.SetRate(areaRow.Rate);
     }

@@ -30,6 +30,11 @@ public:
     /// Adds a record in front of that one.
     virtual void InsertRecord(int record) = 0;
     virtual void SetValue(int record, int column, const TlotValue& value) = 0;
+    /// Brings computed figures up to date where an edit has left that for later. Grids call it after their edits and
+    /// before they read, never while they paint. May throw; what is read then is what stood before.
+    virtual void Settle() {}
+    /// What the record is, wherever it stands; null: known by its place only.
+    [[nodiscard]] virtual const void* RecordKey(int /*record*/) { return nullptr; }
     /// The list behind it has changed: the grid reads it afresh.
     virtual void DataChanged() {
         if (OnDataChanged) {

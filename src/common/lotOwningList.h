@@ -62,7 +62,7 @@ public:
     }
 
     /// Puts the objects in order; those that are equal stay as they stand. A list in order costs no memory.
-    template <class Before> void Sort(const Before& before) {
+    template <class Before> void SortBy(const Before& before) {
         const auto pointers = [&](const auto& a, const auto& b) { return before(*a, *b); };
         if (!std::ranges::is_sorted(FItems, pointers)) {
             std::ranges::stable_sort(FItems, pointers);

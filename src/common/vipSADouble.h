@@ -31,6 +31,9 @@ struct TSADouble {
     void Restore() noexcept { Value = Stored; }
     /// Takes the scenario's value, from the stored one.
     void Apply(const vip::TSAStep& step) noexcept { Value = step.ValueAt(Stored); }
+
+    /// By the current value: the stored one means something only while a table is computed.
+    friend bool operator==(const TSADouble& a, const TSADouble& b) noexcept { return a.Value == b.Value; }
 };
 
 /// The same value under the name that loans, equity and units know it by.

@@ -13,12 +13,8 @@
 #include <span>
 #include <string_view>
 
-class TlotBaseValues {
-public:
-    TlotBaseValues();
-
-    TEvaluator Evaluator;
-
+/// The figures themselves, which can be copied.
+struct TlotBaseFigures {
     TlotCashflowItem SiteValue; ///< Paid for the site: the input, or the residual answer.
     TlotCashflowItem Build;     ///< Build costs of all units.
     TlotCashflowItem GrossCap;  ///< Gross sale value of capitalised units; only its amount is used.
@@ -37,6 +33,13 @@ public:
     double RentalYield = 0;
     std::int32_t RentalCover = 0;   ///< Whole months.
     std::int32_t InterestCover = 0; ///< Whole months.
+};
+
+class TlotBaseValues : public TlotBaseFigures {
+public:
+    TlotBaseValues();
+
+    TEvaluator Evaluator;
 
     /// The value of an expression over the keywords. Throws EEvaluatorError.
     [[nodiscard]] double Evaluate(std::string_view text) { return Evaluator.Evaluate(text); }

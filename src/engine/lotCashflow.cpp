@@ -215,6 +215,10 @@ void TlotCashflow::Clear() {
     Total.ClearAll();
 }
 
+void TlotCashflow::Forget(const TlotCashflowItem& line) {
+    std::erase(Items, &line);
+}
+
 void TlotCashflow::Sum() {
     Total.ClearAll();
     for (const TlotCashflowItem* const line : Items) {

@@ -33,19 +33,25 @@ enum class TlotSpreadKind : std::uint8_t {
     Linked = 2, ///< Amount is a percentage of LinkedValues, month by month.
 };
 
-class TlotCashflowItem final : public TlotCashflowValues {
+/// When a line happens, as a user lays it out.
+struct TlotLineTerms {
+    int Start = 0;        ///< First month where there are no Portions.
+    int Period = 0;       ///< Number of months where there are no Portions.
+    TlotDoubles Portions; ///< Weights by month; empty means a straight line over Start and Period.
+
+    friend bool operator==(const TlotLineTerms&, const TlotLineTerms&) = default;
+};
+
+class TlotCashflowItem final : public TlotCashflowValues, public TlotLineTerms {
 public:
-    int Start = 0;         ///< First month where there are no Portions.
-    int Period = 0;        ///< Number of months where there are no Portions.
     bool ReadOnly = false; ///< Set for a linked item at each calculation.
     TlotSpreadKind SpreadKind = TlotSpreadKind::Spread;
     const TlotCashflowValues* LinkedValues = nullptr; ///< Not owned.
     TlotDoubles Values;                               ///< Result: money in each month.
-    TlotDoubles Portions;        ///< Weights by month; empty means a straight line over Start and Period.
-    bool Income = false;         ///< Money in.
-    std::int16_t Colour = 0;     ///< Palette index of the timescale.
-    std::uint32_t BarColour = 0; ///< RGB of the bar.
-    bool NoTotal = false;        ///< The cashflow view shows no total for this line.
+    bool Income = false;                              ///< Money in.
+    std::int16_t Colour = 0;                          ///< Palette index of the timescale.
+    std::uint32_t BarColour = 0;                      ///< RGB of the bar.
+    bool NoTotal = false;                             ///< The cashflow view shows no total for this line.
     std::string AccountCode;
     double Amount = 0; ///< Total of the line, or the monthly sum where SpreadKind is Repeat.
 
@@ -131,19 +137,24 @@ private:
 /// Lines that it doesn't own: units, items and the rest do.
 using TlotCashflowItemList = std::vector<TlotCashflowItem*>;
 
-class TlotCashflow {
+struct TlotCashflowResults {
+    TlotCashflowItem Total; ///< Income less costs, before finance.
+    double NPV = 0;         ///< Money.
+    double IRR = 0;         ///< Percent a year.
+};
+
+class TlotCashflow : public TlotCashflowResults {
 public:
     TlotCashflow();
 
-    TlotCashflowItemList Items; ///< All lines of the project, in the order of the calculation.
-    TlotCashflowItem Total;     ///< Income less costs, before finance.
-    double NPV = 0;             ///< Money.
-    double IRR = 0;             ///< Percent a year.
+    TlotCashflowItemList Items; ///< All lines of the project, in the order of the last calculation.
 
     /// Empties Items and clears Total with its amount.
     void Clear();
     /// Total := income less costs over Items, amounts included.
     void Sum();
+    /// Takes a line out of Items, since it is about to be deleted; Total stays as it was computed.
+    void Forget(const TlotCashflowItem& line);
     /// Largest EndMonth over Items, 0 if there are none.
     [[nodiscard]] int LastMonth() const;
 

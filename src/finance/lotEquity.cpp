@@ -21,9 +21,7 @@ void TlotEquity::Calculate(const TlotAdjust* adjust) {
     const int count = Cashflow.Count();
     Interest.Values.Zero(count);
     CashflowIncludingInterest.Values.Zero(count);
-    if (VariableRate) {
-        InterestRates.Reach(count, InterestRate.Value);
-    }
+    PrepareRates(count);
     RunMonths(adjust == nullptr ? 0 : adjust->InterestRate.Value);
     CalculateReturns();
 }
@@ -41,8 +39,7 @@ void TlotEquity::RunMonths(double rateAdjustment) {
         }
         double interest = 0;
         if (balance < 0) {
-            const double rate = VariableRate ? InterestRates.Get(i) : InterestRate.Value;
-            interest = balance * ((rate + rateAdjustment) / 100 / 12);
+            interest = balance * ((RateOf(i) + rateAdjustment) / 100 / 12);
         } else {
             interest = balance * (CreditInterestRate / 100 / 12);
         }
@@ -57,24 +54,4 @@ void TlotEquity::CalculateReturns() {
     IRR = vip::AnnualIRR(flows.Values.Span()) * 100;
     // Month 0 is not discounted here, where the rate of return discounts it by a month: both conventions are wanted.
     NPV = vip::PresentValue(DiscountRate / 100, vip::MonthsAYear, flows.Values.Span());
-}
-
-void TlotEquity::SaveRates() {
-    InterestRate.Save();
-    StoredInterestRates = InterestRates;
-}
-
-void TlotEquity::RestoreRates() {
-    InterestRate.Restore();
-    InterestRates = StoredInterestRates;
-}
-
-void TlotEquity::ApplySensitivity(const vip::TSAStep& step) {
-    InterestRate.Apply(step);
-    if (VariableRate) {
-        InterestRates = StoredInterestRates;
-        for (double& rate : InterestRates.Edit()) {
-            rate = step.ValueAt(rate);
-        }
-    }
 }

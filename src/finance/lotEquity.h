@@ -4,23 +4,32 @@
 // what it holds, and the source of the project's NPV and IRR.
 #pragma once
 
-#include "common/lotDoubles.h"
-#include "common/vipSADouble.h"
+#include "common/lotFields.h"
 #include "engine/lotAdjust.h"
 #include "engine/lotCashflow.h"
+#include "finance/lotInterestTerms.h"
 
-class TlotEquity {
-public:
-    TlotEquity();
-
-    TlotSADouble InterestRate;     ///< Debit rate, percent a year.
+struct TlotEquityTerms : TlotInterestTerms {
     double CreditInterestRate = 0; ///< Rate on a positive balance, percent a year.
-    bool VariableRate = false;     ///< Debit rates come from InterestRates.
-    TlotDoubles InterestRates;     ///< Percent a year, one a month.
-    TlotDoubles StoredInterestRates;
-    double DiscountRate = 0; ///< Percent a year.
+    double DiscountRate = 0;       ///< Percent a year.
     bool NPVIRRIncludesInterest = true;
 
+    template <class Visitor> static void VisitFields(Visitor&& visit) {
+        visit(TlotFieldInfo{"DiscountRate"}, &TlotEquityTerms::DiscountRate);
+        visit(TlotFieldInfo{"InterestRate"}, &TlotEquityTerms::InterestRate);
+        visit(TlotFieldInfo{"CreditInterestRate"}, &TlotEquityTerms::CreditInterestRate);
+        visit(TlotFieldInfo{"VariableRate"}, &TlotEquityTerms::VariableRate);
+        visit(TlotFieldInfo{.Name = "NPVIRRIncludesInterest", .Since = 2}, &TlotEquityTerms::NPVIRRIncludesInterest);
+    }
+    /// Its arrays of months.
+    template <class Visitor> static void VisitArrays(Visitor&& visit) {
+        visit("InterestRates", &TlotEquityTerms::InterestRates);
+    }
+
+    friend bool operator==(const TlotEquityTerms&, const TlotEquityTerms&) = default;
+};
+
+struct TlotEquityResults {
     TlotCashflowItem Cashflow;                  ///< Cash to (negative) or from equity.
     TlotCashflowItem Balance;                   ///< Running balance. Never emptied: each month is overwritten.
     TlotCashflowItem Interest;                  ///< Of the closing balance, felt in the next month.
@@ -29,6 +38,11 @@ public:
     double IRR = 0;           ///< Percent a year.
     double TotalInterest = 0; ///< A cost; credit interest takes it down.
     double TotalCash = 0;     ///< The negative months of Cashflow, as a positive figure.
+};
+
+class TlotEquity : public TlotEquityTerms, public TlotEquityResults {
+public:
+    TlotEquity();
 
     /// Fills everything from Cashflow; `adjust` may be null. Its rate is not added to the credit rate.
     void Calculate(const TlotAdjust* adjust);
@@ -36,11 +50,6 @@ public:
     /// Sets the debit rate to 0 and empties Interest, CashflowIncludingInterest and Cashflow. The rest stands still, so
     /// a project with an equity source loses its debit rate at its first calculation: deliberate.
     void ClearResults();
-
-    /// For a table of scenarios: keep the fixed and the monthly rates, put them back, shift them from what was kept.
-    void SaveRates();
-    void RestoreRates();
-    void ApplySensitivity(const vip::TSAStep& step);
 
 private:
     void RunMonths(double rateAdjustment);

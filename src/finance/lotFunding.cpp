@@ -51,7 +51,7 @@ void TlotFunding::FundingCalculate(const TlotCashflowItem& cashflow, const TlotV
         }
         CalculateLoan(*loan, loan->LoanSource == TlotLoanSource::Above ? *running : cashflow, vars, rateAdjustment);
         TotalInterest += loan->TotalInterest;
-        TotalFees -= loan->LoanFees.Line.Amount;
+        TotalFees -= loan->FeeLine.Amount;
         // Cash and Linked loans have no cashflow out: a loan "Above" behind one finds nothing to work on, deliberately.
         running = &loan->CashflowOut;
     }

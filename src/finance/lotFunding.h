@@ -10,12 +10,15 @@
 
 #include <string>
 
-class TlotFunding {
-public:
-    TlotLoanList Loans;
+struct TlotFundingResults {
     double TotalInterest = 0; ///< Of the active loans; positive is a cost.
     /// Fees of the active loans as a cost. A Cash loan's fee counts against it, since it is already in its debt.
     double TotalFees = 0;
+};
+
+class TlotFunding : public TlotFundingResults {
+public:
+    TlotLoanList Loans;
     std::string EquitySource; ///< Name of the loan that takes the place of the equity; empty means equity.
 
     /// The first loan of the name EquitySource if it is active, or null.

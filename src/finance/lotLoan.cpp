@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "finance/lotLoan.h"
 
-#include <algorithm>
 #include <array>
 
 std::array<TlotCashflowItem*, 15> TlotLoan::Rows() {
@@ -33,19 +32,13 @@ void TlotLoan::ClearResults() {
     for (TlotCashflowItem* const row : Rows()) {
         row->ClearValues();
     }
-    LoanFees.Line.ClearAll();
+    FeeLine.ClearAll();
     TotalInterest = 0;
     MaximumDebt = 0;
     NPVExcludingInterest = 0;
     NPVIncludingInterest = 0;
     IRRExcludingInterest = 0;
     IRRIncludingInterest = 0;
-}
-
-void TlotLoan::PrepareRates(int count) {
-    if (VariableRate) {
-        InterestRates.Reach(count, InterestRate.Value);
-    }
 }
 
 void TlotLoan::PreparePercentages(int count) {
@@ -73,27 +66,6 @@ void TlotLoan::ComputeNPV(double discountRate) {
     NPVIncludingInterest = CashflowIncludingInterest.NPVAt(discountRate);
 }
 
-void TlotLoan::SaveRates() {
-    InterestRate.Save();
-    StoredInterestRates = InterestRates;
-}
-
-void TlotLoan::RestoreRates() {
-    InterestRate.Restore();
-    InterestRates = StoredInterestRates;
-}
-
-void TlotLoan::ApplySensitivity(const vip::TSAStep& step) {
-    InterestRate.Apply(step);
-    if (VariableRate) {
-        InterestRates = StoredInterestRates;
-        for (double& rate : InterestRates.Edit()) {
-            rate = step.ValueAt(rate);
-        }
-    }
-}
-
 int TlotLoanList::IndexOf(std::string_view name) const {
-    const auto found = std::ranges::find_if(FLoans, [&](const auto& loan) { return loan->Name == name; });
-    return found == FLoans.end() ? -1 : static_cast<int>(found - FLoans.begin());
+    return FindIf([&](const TlotLoan& loan) { return loan.Name == name; });
 }

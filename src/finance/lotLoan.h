@@ -8,16 +8,17 @@
 #pragma once
 
 #include "common/lotDoubles.h"
-#include "common/vipSADouble.h"
+#include "common/lotFields.h"
+#include "common/lotLifetime.h"
+#include "common/lotOwningList.h"
 #include "engine/lotCashflow.h"
+#include "finance/lotInterestTerms.h"
 #include "finance/lotVars.h"
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 enum class TlotLoanType : std::uint8_t { Standard = 0, Cash = 1, Linked = 2 };
 
@@ -27,7 +28,58 @@ enum class TlotLoanSource : std::uint8_t { ProjectTotal = 0, Above = 1 };
 struct TlotLoanFees {
     double Amount = 0;       ///< Money, or percent.
     bool Percentage = false; ///< Amount is a percentage.
-    TlotCashflowItem Line;   ///< The computed fee: negative for Standard and Linked loans, positive for Cash loans.
+
+    template <class Visitor> static void VisitFields(Visitor&& visit) {
+        visit(TlotFieldInfo{"Amount"}, &TlotLoanFees::Amount);
+        visit(TlotFieldInfo{"Percentage"}, &TlotLoanFees::Percentage);
+    }
+
+    friend bool operator==(const TlotLoanFees&, const TlotLoanFees&) = default;
+};
+
+/// What a user sets of a loan.
+struct TlotLoanTerms : TlotInterestTerms {
+    std::string Name;
+    TlotLoanType LoanType = TlotLoanType::Standard;
+    bool Active = true;
+    double BorrowPercentage = 0; ///< Of each month's outflow (Standard), of the Base (Linked).
+    double RepayPercentage = 0;  ///< Of each month's inflow (Standard).
+    bool VariablePercentage = false;
+    TlotLoanSource LoanSource = TlotLoanSource::ProjectTotal;
+    double Amount = 0;             ///< Cash: the sum advanced at Start.
+    double Maximum = 0;            ///< Size of the facility, positive; 0 means no limit.
+    std::string Base;              ///< Linked: names of variables joined by "+".
+    int Start = 0;                 ///< Cash: month of the advance.
+    int Period = 0;                ///< Cash: length in months; 0 or less means to the end of the cashflow.
+    TlotDoubles BorrowPercentages; ///< Percent, one a month.
+    TlotDoubles RepayPercentages;  ///< Percent, one a month.
+    TlotLoanFees LoanFees;
+
+    template <class Visitor> static void VisitFields(Visitor&& visit) {
+        using T = TlotLoanTerms;
+        visit(TlotFieldInfo{"Name"}, &T::Name);
+        visit(TlotFieldInfo{.Name = "LoanType", .Since = 4}, &T::LoanType);
+        visit(TlotFieldInfo{"Active"}, &T::Active, true);
+        visit(TlotFieldInfo{"InterestRate"}, &T::InterestRate);
+        visit(TlotFieldInfo{.Name = "BorrowPercentage", .Since = 11}, &T::BorrowPercentage);
+        visit(TlotFieldInfo{.Name = "RepayPercentage", .Since = 11}, &T::RepayPercentage);
+        visit(TlotFieldInfo{.Name = "VariablePercentage", .Since = 11}, &T::VariablePercentage);
+        visit(TlotFieldInfo{"LoanSource"}, &T::LoanSource);
+        visit(TlotFieldInfo{.Name = "Amount", .Since = 4}, &T::Amount);
+        visit(TlotFieldInfo{.Name = "Maximum", .Since = 4}, &T::Maximum);
+        visit(TlotFieldInfo{.Name = "Base", .Since = 4}, &T::Base);
+        visit(TlotFieldInfo{.Name = "Start", .Since = 4, .Form = TlotFieldForm::LoanMonth}, &T::Start);
+        visit(TlotFieldInfo{.Name = "Period", .Since = 4, .Form = TlotFieldForm::LoanMonth}, &T::Period);
+        visit(TlotFieldInfo{"VariableRate"}, &T::VariableRate);
+    }
+    /// Its arrays of months.
+    template <class Visitor> static void VisitArrays(Visitor&& visit) {
+        visit("InterestRates", &TlotLoanTerms::InterestRates);
+        visit("Borrow", &TlotLoanTerms::BorrowPercentages);
+        visit("Repay", &TlotLoanTerms::RepayPercentages);
+    }
+
+    friend bool operator==(const TlotLoanTerms&, const TlotLoanTerms&) = default;
 };
 
 /// The months of one calculation, all computed rows of a loan. Rows are as long as the loan's type needs them.
@@ -49,32 +101,9 @@ struct TlotLoanRows {
     TlotCashflowItem CashflowIncludingInterest;
 };
 
-class TlotLoan : public TlotLoanRows {
-public:
-    TlotLoan();
-    TlotLoan(const TlotLoan&) = delete;
-    TlotLoan& operator=(const TlotLoan&) = delete;
-
-    std::string Name;
-    TlotLoanType LoanType = TlotLoanType::Standard;
-    double Amount = 0; ///< Cash: the sum advanced at Start.
-    bool Active = true;
-    double BorrowPercentage = 0; ///< Of each month's outflow (Standard), of the Base (Linked).
-    double RepayPercentage = 0;  ///< Of each month's inflow (Standard).
-    bool VariablePercentage = false;
-    TlotLoanSource LoanSource = TlotLoanSource::ProjectTotal;
-    TlotDoubles BorrowPercentages; ///< Percent, one a month.
-    TlotDoubles RepayPercentages;  ///< Percent, one a month.
-    double Maximum = 0;            ///< Size of the facility, positive; 0 means no limit.
-    std::string Base;              ///< Linked: names of variables joined by "+".
-    int Start = 0;                 ///< Cash: month of the advance.
-    int Period = 0;                ///< Cash: length in months; 0 or less means to the end of the cashflow.
-    bool VariableRate = false;
-    TlotLoanFees LoanFees;
-    TlotDoubles InterestRates; ///< Percent a year, one a month.
-    TlotDoubles StoredInterestRates;
-    TlotSADouble InterestRate; ///< Percent a year.
-
+/// Everything that a calculation leaves behind in a loan.
+struct TlotLoanResults : TlotLoanRows {
+    TlotCashflowItem FeeLine; ///< The fee: negative for Standard and Linked loans, positive for Cash loans.
     double TotalInterest = 0; ///< Positive for a debt.
     double TotalBorrowed = 0;
     double MaximumDebt = 0; ///< The most negative Debt, never above 0.
@@ -82,21 +111,27 @@ public:
     double NPVIncludingInterest = 0;
     double IRRExcludingInterest = 0; ///< Percent a year.
     double IRRIncludingInterest = 0;
+};
+
+class TlotLoan : public TlotLoanTerms, public TlotLoanResults {
+public:
+    TlotLoan();
+    TlotLoan(const TlotLoan&) = delete;
+    TlotLoan& operator=(const TlotLoan&) = delete;
+
+    TlotLifetime Lifetime;
 
     /// Every computed row but the fee's line.
     [[nodiscard]] std::array<TlotCashflowItem*, 15> Rows();
 
     /// Empties every row and the fee, and sets the totals but TotalBorrowed, which the calculators set, to 0.
     void ClearResults();
-    /// With VariableRate: gives InterestRates at least `count` elements.
-    void PrepareRates(int count);
     /// With VariablePercentage: gives both percentage arrays at least `count` elements.
     void PreparePercentages(int count);
 
     /// The share of a month's balance that is its interest, `adjustment` percentage points being added to the rate.
     [[nodiscard]] double MonthFraction(int month, double adjustment) const {
-        const double rate = VariableRate ? InterestRates.Get(month) : InterestRate.Value;
-        return (rate + adjustment) / 100 / 12;
+        return (RateOf(month) + adjustment) / 100 / 12;
     }
 
     /// As the equity source: the two cashflow rows and their rates of return.
@@ -104,34 +139,14 @@ public:
     /// As the equity source: the present values of the two rows at `discountRate` percent a year, month 0 undiscounted.
     void ComputeNPV(double discountRate);
 
-    /// For a table of scenarios: keep the fixed and the monthly rates, put them back, shift them from what was kept.
-    void SaveRates();
-    void RestoreRates();
-    void ApplySensitivity(const vip::TSAStep& step);
-
     /// Scratch of the Linked calculator, kept for its memory.
     TlotSource Source;
 };
 
 /// The loans in order of priority, owned.
-class TlotLoanList {
+class TlotLoanList : public TlotOwningList<TlotLoan> {
 public:
-    [[nodiscard]] int Count() const noexcept { return static_cast<int>(FLoans.size()); }
-    [[nodiscard]] TlotLoan& operator[](int index) { return *FLoans.at(static_cast<std::size_t>(index)); }
-    [[nodiscard]] const TlotLoan& operator[](int index) const { return *FLoans.at(static_cast<std::size_t>(index)); }
-
-    TlotLoan& Add() { return *FLoans.emplace_back(std::make_unique<TlotLoan>()); }
-    void Delete(int index) { FLoans.erase(FLoans.begin() + index); }
-    void Clear() noexcept { FLoans.clear(); }
-
+    using TlotOwningList<TlotLoan>::IndexOf;
     /// Index of the first loan of exactly that name, or -1.
     [[nodiscard]] int IndexOf(std::string_view name) const;
-
-    [[nodiscard]] auto begin() noexcept { return FLoans.begin(); }
-    [[nodiscard]] auto end() noexcept { return FLoans.end(); }
-    [[nodiscard]] auto begin() const noexcept { return FLoans.begin(); }
-    [[nodiscard]] auto end() const noexcept { return FLoans.end(); }
-
-private:
-    std::vector<std::unique_ptr<TlotLoan>> FLoans;
 };

@@ -83,26 +83,26 @@ void TlotLoanCalcStandardEnhanced::RunMonths(double rateAdjustment) {
 
 void TlotLoanCalcStandardEnhanced::ChargeFee() {
     // The percentage is of the peak of the debt and not of the facility, though screens call it that: deliberate.
-    TlotLoanFees& fees = FLoan.LoanFees;
-    fees.Line.Amount = fees.Percentage ? fees.Amount / 100 * FLoan.MaximumDebt : -fees.Amount;
-    fees.Line.Spread();
-    FLoan.Fees.Amount = fees.Line.Amount;
-    FLoan.Fees.SetValue(0, fees.Line.Amount);
+    const TlotLoanFees& fees = FLoan.LoanFees;
+    FLoan.FeeLine.Amount = fees.Percentage ? fees.Amount / 100 * FLoan.MaximumDebt : -fees.Amount;
+    FLoan.FeeLine.Spread();
+    FLoan.Fees.Amount = FLoan.FeeLine.Amount;
+    FLoan.Fees.SetValue(0, FLoan.FeeLine.Amount);
 }
 
 void TlotLoanCalcCash::Calculate(int count, double rateAdjustment) {
     TlotCashflowItem& debt = FLoan.Debt;
     TlotCashflowItem& interest = FLoan.Interest;
     TlotCashflowItem& borrowing = FLoan.Borrowing;
-    TlotLoanFees& fees = FLoan.LoanFees;
+    const TlotLoanFees& fees = FLoan.LoanFees;
     const int start = FLoan.Start;
 
     debt.Values.Zero(count);
     interest.Values.Zero(count);
     FLoan.PrepareRates(count);
-    fees.Line.Amount = fees.Percentage ? fees.Amount / 100 * FLoan.Amount : fees.Amount;
-    fees.Line.SetPortion(start, 1.0);
-    fees.Line.Spread();
+    FLoan.FeeLine.Amount = fees.Percentage ? fees.Amount / 100 * FLoan.Amount : fees.Amount;
+    FLoan.FeeLine.SetPortion(start, 1.0);
+    FLoan.FeeLine.Spread();
     const int end = start + (FLoan.Period > 0 ? FLoan.Period : count - start);
     borrowing.SetValue(start, FLoan.Amount);
     FLoan.TotalBorrowed = FLoan.Amount;
@@ -113,7 +113,7 @@ void TlotLoanCalcCash::Calculate(int count, double rateAdjustment) {
         if (i > 0) {
             balance = balance + debt.GetValue(i - 1) + interest.GetValue(i - 1);
         }
-        balance -= fees.Line.GetValue(i);
+        balance -= FLoan.FeeLine.GetValue(i);
         if (i == end - 1) {
             // The last month repays all. It overwrites the advance of a loan of one month, and in month 0 it reads a
             // month before the first, which is a range error.
@@ -185,9 +185,9 @@ void TlotLoanCalcLinked::RunMonths(TlotCashflowItem& inflow, double rateAdjustme
 
 double TlotLoanCalcLinked::ChargeFee(int month, double balance) {
     // A Linked loan's fee is a sum of money whatever Percentage says.
-    TlotLoanFees& fees = FLoan.LoanFees;
-    fees.Line.Amount = -fees.Amount;
-    fees.Line.SetPortion(month, 1.0);
-    fees.Line.Spread();
+    const TlotLoanFees& fees = FLoan.LoanFees;
+    FLoan.FeeLine.Amount = -fees.Amount;
+    FLoan.FeeLine.SetPortion(month, 1.0);
+    FLoan.FeeLine.Spread();
     return balance - fees.Amount;
 }

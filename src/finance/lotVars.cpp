@@ -3,6 +3,8 @@
 
 #include "common/vipText.h"
 
+#include <algorithm>
+
 double TlotSource::Value(int month) const {
     double sum = 0;
     for (const TlotCashflowItem* const line : Lines) {
@@ -30,6 +32,14 @@ void TlotVars::Add(std::string_view section, std::string_view name, const TlotCa
     text.assign(section);
     text.push_back('.');
     text.append(name);
+}
+
+void TlotVars::Forget(const TlotCashflowItem& line) {
+    const auto end = FItems.begin() + static_cast<std::ptrdiff_t>(FCount);
+    // The memory of what is taken out stays behind the end, for the next calculation.
+    const auto gone =
+        std::stable_partition(FItems.begin(), end, [&](const TlotVariable& v) { return v.Line != &line; });
+    FCount = static_cast<std::size_t>(gone - FItems.begin());
 }
 
 const TlotVariable* TlotVars::Find(std::string_view name) const {

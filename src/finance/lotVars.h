@@ -28,6 +28,8 @@ public:
 class TlotVars {
 public:
     void Clear() noexcept { FCount = 0; }
+    /// Takes out the variables that stand for that line, since it is about to be deleted.
+    void Forget(const TlotCashflowItem& line);
 
     /// Adds a variable at the end. Names needn't be unique: the first of a name is found.
     void Add(std::string_view name, const TlotCashflowItem& line);

@@ -8,7 +8,7 @@
 #include <array>
 
 void TlotArea::SetZoning(double percent) {
-    FZoning = percent;
+    FTerms.Zoning = percent;
     if (FOwner.IsLocked()) {
         return;
     }
@@ -19,14 +19,14 @@ void TlotArea::SetZoning(double percent) {
 }
 
 void TlotArea::SetArea(double area) {
-    FArea = area;
+    FTerms.Area = area;
     if (!FOwner.IsLocked()) {
         CalcValue();
     }
 }
 
 void TlotArea::SetRate(double rate) {
-    FRate.Value = rate;
+    FTerms.Rate.Value = rate;
     if (!FOwner.IsLocked()) {
         CalcValue();
         Propagate();
@@ -34,36 +34,28 @@ void TlotArea::SetRate(double rate) {
 }
 
 void TlotArea::SetValue(double value) {
-    FValue = value;
+    FTerms.Value = value;
     if (FOwner.IsLocked()) {
         return;
     }
-    if (FArea != 0) {
-        SetRate(FValue / FArea);
+    if (FTerms.Area != 0) {
+        SetRate(FTerms.Value / FTerms.Area);
     }
     Propagate();
 }
 
 void TlotArea::CalcValue() {
-    if (FArea == 0 || FRate.Value == 0) {
+    if (FTerms.Area == 0 || FTerms.Rate.Value == 0) {
         return;
     }
-    FValue = FArea * FRate.Value;
-    if (FOwner.Zoning() && FZoning != 0) {
-        FValue = FZoning / 100 * FValue;
+    FTerms.Value = FTerms.Area * FTerms.Rate.Value;
+    if (FOwner.Zoning() && FTerms.Zoning != 0) {
+        FTerms.Value = FTerms.Zoning / 100 * FTerms.Value;
     }
 }
 
 bool TlotArea::IsPartZone() const noexcept {
-    return FOwner.Zoning() && FZoning > 0 && FZoning < 100;
-}
-
-void TlotArea::Assign(const TlotArea& other) {
-    Description = other.Description;
-    FZoning = other.FZoning;
-    FArea = other.FArea;
-    FRate.Value = other.FRate.Value;
-    FValue = other.FValue;
+    return FOwner.Zoning() && FTerms.Zoning > 0 && FTerms.Zoning < 100;
 }
 
 void TlotArea::Propagate() {
@@ -72,32 +64,52 @@ void TlotArea::Propagate() {
     }
     for (const auto& row : FOwner) {
         if (row.get() != this && row->Zoning() != 0) {
-            row->SetRate(FRate.Value);
+            row->SetRate(FTerms.Rate.Value);
             row->CalcValue();
         }
     }
 }
 
-TlotArea& TlotAreaSchedule::Insert(int index) {
-    const auto at = FAreas.begin() + std::clamp(index, 0, Count());
-    Current = static_cast<int>(at - FAreas.begin());
-    return **FAreas.insert(at, std::make_unique<TlotArea>(*this));
+TlotAreaScheduleTerms TlotAreaSchedule::Terms() const {
+    TlotAreaScheduleTerms terms;
+    terms.Areas.reserve(static_cast<std::size_t>(Count()));
+    for (const auto& row : FAreas) {
+        terms.Areas.push_back(row->Terms());
+    }
+    terms.Zoning = FZoning;
+    return terms;
 }
 
-void TlotAreaSchedule::Delete(int index) {
-    FAreas.erase(FAreas.begin() + index);
+void TlotAreaSchedule::SetTerms(const TlotAreaScheduleTerms& terms) {
+    const int count = static_cast<int>(terms.Areas.size());
+    // Rows that are there already stay where they lie.
+    while (Count() > count) {
+        FAreas.Delete(Count() - 1);
+    }
+    while (Count() < count) {
+        FAreas.Add(*this);
+    }
+    for (int i = 0; i < count; ++i) {
+        FAreas[i].Assign(terms.Areas[static_cast<std::size_t>(i)]);
+    }
+    FZoning = terms.Zoning;
+}
+
+TlotArea& TlotAreaSchedule::Insert(int index) {
+    Current = std::clamp(index, 0, Count());
+    return FAreas.Insert(Current, *this);
 }
 
 void TlotAreaSchedule::Clear() {
-    FAreas.clear();
+    FAreas.Clear();
     FZoning = false;
 }
 
 void TlotAreaSchedule::Assign(const TlotAreaSchedule& other) {
     Clear();
     for (const auto& row : other) {
-        if (!vip::Trim(row->Description).empty() || row->Area() != 0 || row->Rate() != 0 || row->Value() != 0) {
-            Add().Assign(*row);
+        if (!vip::Trim(row->Description()).empty() || row->Area() != 0 || row->Rate() != 0 || row->Value() != 0) {
+            Add().Assign(row->Terms());
         }
     }
     FZoning = other.FZoning;

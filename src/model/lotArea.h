@@ -7,27 +7,49 @@
 // A rate is per whatever unit the row's area is in; nothing converts between units of area.
 #pragma once
 
+#include "common/lotFields.h"
+#include "common/lotOwningList.h"
 #include "common/vipSADouble.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 class TlotAreaSchedule;
+
+/// The figures of a row, as they stand.
+struct TlotAreaTerms {
+    std::string Description;
+    double Zoning = 0; ///< Percent of the Zone A rate that applies; 0 means not zoned.
+    double Area = 0;
+    TSADouble Rate;
+    double Value = 0;
+
+    template <class Visitor> static void VisitFields(Visitor&& visit) {
+        visit(TlotFieldInfo{"Description"}, &TlotAreaTerms::Description);
+        visit(TlotFieldInfo{"Zoning"}, &TlotAreaTerms::Zoning);
+        visit(TlotFieldInfo{"Area"}, &TlotAreaTerms::Area);
+        visit(TlotFieldInfo{"Rate"}, &TlotAreaTerms::Rate);
+        visit(TlotFieldInfo{"Value"}, &TlotAreaTerms::Value);
+    }
+
+    friend bool operator==(const TlotAreaTerms&, const TlotAreaTerms&) = default;
+};
 
 class TlotArea {
 public:
     explicit TlotArea(TlotAreaSchedule& owner) : FOwner(owner) {}
 
-    std::string Description;
+    [[nodiscard]] const std::string& Description() const noexcept { return FTerms.Description; }
+    [[nodiscard]] double Zoning() const noexcept { return FTerms.Zoning; }
+    [[nodiscard]] double Area() const noexcept { return FTerms.Area; }
+    [[nodiscard]] double Rate() const noexcept { return FTerms.Rate.Value; }
+    [[nodiscard]] double Value() const noexcept { return FTerms.Value; }
+    [[nodiscard]] const TlotAreaTerms& Terms() const noexcept { return FTerms; }
 
-    [[nodiscard]] double Zoning() const noexcept { return FZoning; }
-    [[nodiscard]] double Area() const noexcept { return FArea; }
-    [[nodiscard]] double Rate() const noexcept { return FRate.Value; }
-    [[nodiscard]] double Value() const noexcept { return FValue; }
-
+    void SetDescription(std::string description) { FTerms.Description = std::move(description); }
     /// Percent of the Zone A rate that applies; 0 means not zoned.
     void SetZoning(double percent);
     void SetArea(double area);
@@ -39,22 +61,27 @@ public:
     void CalcValue();
 
     /// The rate as a scenario may shift it; setting it here runs no follow-up.
-    [[nodiscard]] TSADouble& RateObject() noexcept { return FRate; }
+    [[nodiscard]] TSADouble& RateObject() noexcept { return FTerms.Rate; }
 
-    [[nodiscard]] bool IsZoneA() const noexcept { return FZoning == 100; }
+    [[nodiscard]] bool IsZoneA() const noexcept { return FTerms.Zoning == 100; }
     [[nodiscard]] bool IsPartZone() const noexcept;
 
-    /// Copies the five figures with no recalculation.
-    void Assign(const TlotArea& other);
+    /// Takes the five figures over with no recalculation.
+    void Assign(const TlotAreaTerms& terms) { FTerms = terms; }
 
 private:
     void Propagate();
 
     TlotAreaSchedule& FOwner;
-    double FZoning = 0;
-    double FArea = 0;
-    TSADouble FRate;
-    double FValue = 0;
+    TlotAreaTerms FTerms;
+};
+
+/// A whole schedule as it stands, empty rows included.
+struct TlotAreaScheduleTerms {
+    std::vector<TlotAreaTerms> Areas;
+    bool Zoning = false;
+
+    friend bool operator==(const TlotAreaScheduleTerms&, const TlotAreaScheduleTerms&) = default;
 };
 
 class TlotAreaSchedule {
@@ -65,9 +92,13 @@ public:
 
     int Current = -1; ///< Index of the row last added or inserted.
 
-    [[nodiscard]] int Count() const noexcept { return static_cast<int>(FAreas.size()); }
-    [[nodiscard]] TlotArea& operator[](int index) { return *FAreas.at(static_cast<std::size_t>(index)); }
-    [[nodiscard]] const TlotArea& operator[](int index) const { return *FAreas.at(static_cast<std::size_t>(index)); }
+    [[nodiscard]] TlotAreaScheduleTerms Terms() const;
+    /// Becomes that schedule, empty rows included, with no recalculation.
+    void SetTerms(const TlotAreaScheduleTerms& terms);
+
+    [[nodiscard]] int Count() const noexcept { return FAreas.Count(); }
+    [[nodiscard]] TlotArea& operator[](int index) { return FAreas[index]; }
+    [[nodiscard]] const TlotArea& operator[](int index) const { return FAreas[index]; }
     [[nodiscard]] auto begin() noexcept { return FAreas.begin(); }
     [[nodiscard]] auto end() noexcept { return FAreas.end(); }
     [[nodiscard]] auto begin() const noexcept { return FAreas.begin(); }
@@ -75,7 +106,7 @@ public:
 
     TlotArea& Add() { return Insert(Count()); }
     TlotArea& Insert(int index);
-    void Delete(int index);
+    void Delete(int index) { FAreas.Delete(index); }
     /// Empties the rows and clears the zoning flag.
     void Clear();
     /// Copies the rows that hold anything, and the zoning flag.
@@ -100,7 +131,7 @@ public:
     [[nodiscard]] double ITZA() const noexcept;
 
 private:
-    std::vector<std::unique_ptr<TlotArea>> FAreas;
+    TlotOwningList<TlotArea> FAreas;
     bool FZoning = false;
     int FLockCount = 0;
 };

@@ -43,8 +43,7 @@ void TlotItem::Value(TlotBaseValues& baseValues) {
     if (BaseFormula.empty()) {
         return;
     }
-    // "+" is the only operator of a base, as every firm's templates have it.
-    if (BaseFormula.find_first_of("-/*") != std::string::npos) {
+    if (!IsBaseFormula(BaseFormula)) {
         Error = true;
         Base = 0;
         return;
@@ -101,7 +100,7 @@ void TlotSectionItemIterator::First() {
 
 void TlotSectionItemIterator::Next() {
     ++FPosition;
-    if (FPosition >= static_cast<int>(FSection.Items.size())) {
+    if (FPosition >= FSection.Items.Count()) {
         FPosition = -1;
     }
 }
@@ -110,7 +109,7 @@ TlotItem& TlotSectionItemIterator::CurrentItem() const {
     if (FPosition < 0) {
         throw ELotError("No current unit in TlotSectionItemInterator.GetItem");
     }
-    return *FSection.Items[static_cast<std::size_t>(FPosition)];
+    return FSection.Items[FPosition];
 }
 
 void TlotProjectItemIterator::First() {
@@ -119,8 +118,8 @@ void TlotProjectItemIterator::First() {
 }
 
 void TlotProjectItemIterator::NextSection() {
-    for (++FPosition; FPosition < static_cast<int>(FSections.size()); ++FPosition) {
-        FSectionIterator = std::make_unique<TlotSectionItemIterator>(*FSections[static_cast<std::size_t>(FPosition)]);
+    for (++FPosition; FPosition < FSections.Count(); ++FPosition) {
+        FSectionIterator = std::make_unique<TlotSectionItemIterator>(FSections[FPosition]);
         FSectionIterator->First();
         if (!FSectionIterator->IsDone()) {
             return;

@@ -4,15 +4,38 @@
 #include "common/vipText.h"
 
 #include <algorithm>
+#include <vector>
 
-TlotProject::TlotProject(double today)
-    : StartDate(today), SiteGroup("Site Costs"), ConstructionGroup("Construction Costs") {
+namespace {
+
+/// Sets what begins afresh with another project to what a new one has.
+class TClear {
+public:
+    TClear(TlotProjectTerms& terms, double today) : FTerms(terms) { FFresh.StartDate = today; }
+
+    template <class Place, class... Absent>
+    void operator()(const TlotFieldInfo& field, Place place, const Absent&... /*absent*/) const {
+        if (field.Cleared) {
+            FieldAt(FTerms, place) = FieldAt(FFresh, place);
+        }
+    }
+    void operator()(const char* /*name*/, std::string TlotProjectTerms::*text) const { (FTerms.*text).clear(); }
+
+private:
+    TlotProjectTerms& FTerms;
+    TlotProjectTerms FFresh;
+};
+
+} // namespace
+
+TlotProject::TlotProject(double today) {
+    StartDate = today;
     UnitTypes.SetDefaults();
 }
 
 void TlotProject::Clear(double today) {
     Units.Clear();
-    Sections.clear();
+    Sections.Clear();
     Groups.Clear();
     Funding.Clear();
     Equity.ClearResults();
@@ -21,21 +44,45 @@ void TlotProject::Clear(double today) {
     // The variables point at lines of the units and sections that are gone.
     Vars.Clear();
     BaseValues.Clear();
-    Leasehold = false;
-    TotalGroundRent = 0;
-    LeaseTerm = 0;
     TDC = 0;
     GDV = 0;
     NDV = 0;
     UnitTypes.SetDefaults();
-    Name.clear();
-    Notes.clear();
-    Address.clear();
-    AppraisalNotes.clear();
-    PictureFileName.clear();
-    SiteGroup = "Site Costs";
-    ConstructionGroup = "Construction Costs";
-    StartDate = today;
+    const TClear clear(*this, today);
+    TlotProjectTerms::VisitFields(clear);
+    VisitTexts(clear);
+}
+
+void TlotProject::DeleteUnit(int index) {
+    const TlotUnit& unit = Units[index];
+    TlotUnit::VisitLines([&](const char* /*name*/, auto line) { Forget(unit.*line); });
+    Units.Delete(index);
+}
+
+void TlotProject::DeleteSection(int index) {
+    const TlotSection& section = Sections[index];
+    Forget(section.Total);
+    for (const auto& item : section.Items) {
+        Forget(item->Line);
+    }
+    Sections.Delete(index);
+}
+
+void TlotProject::DeleteItem(TlotSection& section, int index) {
+    Forget(section.Items[index].Line);
+    section.Items.Delete(index);
+}
+
+void TlotProject::DeleteLoan(int index) {
+    Funding.Loans.Delete(index);
+}
+
+void TlotProject::Forget(const TlotCashflowItem& line) {
+    Cashflow.Forget(line);
+    Vars.Forget(line);
+    for (const auto& loan : Funding.Loans) {
+        std::erase(loan->Source.Lines, &line);
+    }
 }
 
 double TlotProject::GroupValue(std::string_view name) const {

@@ -17,25 +17,11 @@
 #include "finance/lotVars.h"
 #include "model/lotGroup.h"
 #include "model/lotItem.h"
+#include "model/lotProjectTerms.h"
 #include "model/lotUnit.h"
 
-#include <cstdint>
-#include <string>
+#include <memory>
 #include <string_view>
-
-/// Where the NPV and IRR that are shown come from; any other number acts as Equity.
-enum class TlotNPVIRRSource : std::uint8_t { Equity = 0, Project = 1 };
-
-enum class TlotSiteAreaUnits : std::uint8_t { Acres = 0, Hectares = 1 };
-
-/// The measure that a residual site value is solved for; any other number acts as NoTarget.
-enum class TlotResidualTarget : std::uint8_t {
-    NoTarget = 0,
-    ProfitOnCost = 1,
-    ProfitOnGDV = 2,
-    ProfitOnNDV = 3,
-    RentalYield = 4,
-};
 
 /// The keyword of a target's measure; empty for NoTarget.
 [[nodiscard]] std::string_view ResidualKeyword(TlotResidualTarget target) noexcept;
@@ -46,13 +32,23 @@ enum class TlotPassScope : std::uint8_t {
     FromClearing, ///< Without the units' two stages, which would undo what a scenario shifted in them.
 };
 
-class TlotProject {
+struct TlotProjectResults {
+    double TotalRent = 0;        ///< ERV of the capitalised units.
+    double TotalInterest = 0;    ///< Finance cost.
+    double SiteValuePerArea = 0; ///< By NetSiteArea.
+    double TDC = 0;              ///< Total development cost.
+    double GDV = 0;              ///< Gross development value.
+    double NDV = 0;              ///< Net development value.
+};
+
+class TlotProject : public TlotProjectTerms, public TlotProjectResults {
 public:
     /// `today`: a date (vipDate), the project's first StartDate.
     explicit TlotProject(double today);
     TlotProject(const TlotProject&) = delete;
     TlotProject& operator=(const TlotProject&) = delete;
 
+    TlotLifetime Lifetime; ///< Of the project itself, and so of its equity and its site value.
     TlotUnitTypeList UnitTypes;
     TlotUnitList Units;
     TlotGroupList Groups; ///< Calculated from the names that sections give.
@@ -66,58 +62,41 @@ public:
     TlotAdjust Adjust; ///< Not stored.
     TlotVars Vars;     ///< Calculated.
 
-    std::string Address;
-    std::string PictureFileName;
-    TlotNPVIRRSource NPVIRRSource = TlotNPVIRRSource::Equity;
-    double MinSiteValue = -10'000'000; ///< Edited and stored; no search reads it.
-    double MaxSiteValue = 1'000'000'000;
-    bool CalcNegativeSiteValue = false;
-    std::string CostGroupPageBreak = "Sales Costs";
-    std::string AppraisalReportFile = "AppraisalGrouped";
-    bool HideRatio = false;
-    std::string RatioBase = "GDV";
-    std::int32_t UnitAreaDecPlaces = 0;
-    std::int32_t PercentageCostDecPlaces = 0;
-    bool ShowProfitOnCost = false;
-    bool ShowProfitOnGDV = false;
-    bool ShowProfitOnNDV = false;
-    bool ShowSiteValueOnGDV = false;
-    bool ShowRentalYield = false;
-    bool ShowNPV = false;
-    bool ShowIRR = false;
-    bool ShowRentalCover = false;
-    bool ShowInterestCover = false;
-    bool IncludeExtraLoanDetail = false;
-    std::string AppraisalTitle = "Development Appraisal";
-    std::string ResidualTitle = "Residual Valuation";
-    std::string Name;
-    std::string Recipient;
-    std::string Notes; ///< Lines end in CR LF, here and in the other texts of many lines.
-    TlotRentalValues RentalValues = TlotRentalValues::Annual;
-    std::string AppraisalNotes;
-    double StartDate = 0;
-    std::string SiteGroup;
-    std::string ConstructionGroup;
-    double TotalRent = 0;       ///< Calculated: ERV of the capitalised units.
-    double TotalGroundRent = 0; ///< A year's ground rent.
-    bool Leasehold = false;
-    double LeaseTerm = 0;     ///< Years.
-    double TotalInterest = 0; ///< Calculated: finance cost.
-    double NetSiteArea = 0;
-    TlotSiteAreaUnits SiteAreaUnits = TlotSiteAreaUnits::Acres;
-    double SiteValuePerArea = 0;    ///< Calculated.
-    double TDC = 0;                 ///< Calculated: total development cost.
-    double GDV = 0;                 ///< Calculated: gross development value.
-    double NDV = 0;                 ///< Calculated: net development value.
-    double ResidualTargetValue = 0; ///< Percent.
-    TlotResidualTarget ResidualTarget = TlotResidualTarget::NoTarget;
+    /// All fields that are attributes of the project, in their order in files.
+    template <class Visitor> static void VisitFields(Visitor&& visit) {
+        VisitGeneral(visit);
+        visit(
+            TlotFieldInfo{"SiteValue"}, [](auto& p) -> auto& { return p.BaseValues.SiteValue.Amount; });
+        visit(
+            TlotFieldInfo{"SiteValueAccountCode"}, [](auto& p) -> auto& { return p.BaseValues.SiteValue.AccountCode; });
+        VisitResidual(visit);
+        visit(
+            TlotFieldInfo{"EquitySource"}, [](auto& p) -> auto& { return p.Funding.EquitySource; });
+        VisitReports(visit);
+    }
 
     /// Empties the inputs for another project and leaves the settings that outlive one: deliberately a part of them.
     void Clear(double today);
 
+    /// The same project once more, with all that calculations have left in it and what the next pass reads of it: the
+    /// same pass over both leaves the same figures, to the bit. The evaluator of the copy reads the copy's figures.
+    [[nodiscard]] std::unique_ptr<TlotProject> Copy() const;
+
+    // Deletion. The last calculation has listed the lines of units and items by reference, which are taken out of its
+    // lists; its totals stand until the next one. All throw ERangeError where there is nothing at the index.
+    void DeleteUnit(int index);
+    /// With its items.
+    void DeleteSection(int index);
+    void DeleteItem(TlotSection& section, int index);
+    void DeleteLoan(int index);
+
     /// One full pass at the present site value. Throws what a loan throws; the project stays editable then.
     void Calculate();
     void Calculate(TlotPassScope scope);
+
+    /// The two stages below for one unit alone, as an edit of it shows at once: its rents and its value. The project's
+    /// totals wait for the next pass.
+    void CalculateUnit(TlotUnit& unit);
 
     /// The two stages of the units, and the rest of the pass from its clearing on: a scenario shifts figures between
     /// them. Calculate is the three in order.
@@ -143,7 +122,7 @@ public:
     [[nodiscard]] TlotGroup* FindGroup(std::string_view name) { return Groups.Find(name); }
     /// GDV, NDV or TDC by RatioBase without regard to case; 0 for any other text.
     [[nodiscard]] double RatioBaseValue() const;
-    [[nodiscard]] TlotProjectItemIterator NewItemIterator() const { return TlotProjectItemIterator(Sections); }
+    [[nodiscard]] TlotProjectItemIterator NewItemIterator() { return TlotProjectItemIterator(Sections); }
     /// Fewer than 2 units, and percentage items only.
     [[nodiscard]] bool FitsHandheld() const;
 
@@ -152,6 +131,8 @@ public:
     [[nodiscard]] double IRR() const;
 
 private:
+    void Forget(const TlotCashflowItem& line);
+    void CalculateUnitSale(TlotUnit& unit);
     void CalculateBaseValues();
     void ClearBaseLines();
     void OrderUnits();

@@ -66,12 +66,21 @@ void TlotProject::CalculateUnitAreas() {
 
 void TlotProject::CalculateUnitSales() {
     for (const auto& unit : Units) {
-        if (unit->IsCapitalised) {
-            // TotalRent is still that of the pass before: the first pass of a leasehold project shares out nothing.
-            unit->CalculateGroundRent(Leasehold, TotalGroundRent, TotalRent);
-        }
-        unit->CalculateSale(Leasehold, RentalValues, LeaseTerm);
+        CalculateUnitSale(*unit);
     }
+}
+
+void TlotProject::CalculateUnitSale(TlotUnit& unit) {
+    if (unit.IsCapitalised) {
+        // TotalRent is still that of the pass before: the first pass of a leasehold project shares out nothing.
+        unit.CalculateGroundRent(Leasehold, TotalGroundRent, TotalRent);
+    }
+    unit.CalculateSale(Leasehold, RentalValues, LeaseTerm);
+}
+
+void TlotProject::CalculateUnit(TlotUnit& unit) {
+    unit.CalculateValue(&Adjust);
+    CalculateUnitSale(unit);
 }
 
 void TlotProject::CalculateBaseValues() {

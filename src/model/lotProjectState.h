@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Everything that calculations of a project leave behind, kept and put back bit for bit. A pass reads some of what the
-// pass before it left (a group's total, the rent, the profit), so computing again is not enough to undo scenarios.
+// Everything that calculations of a project leave behind and scenarios shift, kept and put back bit for bit. A pass
+// reads some of what the pass before it left (a group's total, the rent, the profit), so computing again is not enough
+// to undo scenarios.
 #pragma once
 
-#include "common/lotDoubles.h"
 #include "model/lotProject.h"
 
 #include <vector>
@@ -17,7 +17,36 @@ public:
     void Restore();
 
 private:
+    struct TUnit {
+        TlotUnit& Owner;
+        TlotUnitSnapshot Kept;
+    };
+    struct TItem {
+        TlotItem& Owner;
+        TlotItemTerms Terms;
+        TlotItemResults Results;
+        TlotCashflowItem Line;
+    };
+    struct TSection {
+        TlotSection& Owner;
+        TlotCashflowItem Total;
+    };
+    struct TLoan {
+        TlotLoan& Owner;
+        TlotLoanTerms Terms;
+        TlotLoanResults Results;
+    };
+
     TlotProject& FProject;
-    std::vector<double> FFigures;
-    std::vector<TlotDoubles> FRows;
+    std::vector<TUnit> FUnits;
+    std::vector<TItem> FItems;
+    std::vector<TSection> FSections;
+    std::vector<TLoan> FLoans;
+    std::vector<TlotCashflowItem> FGroups; ///< Their totals, in order.
+    TlotEquityTerms FEquityTerms;
+    TlotEquityResults FEquityResults;
+    TlotBaseFigures FBaseFigures;
+    TlotCashflowResults FCashflowResults;
+    TlotFundingResults FFundingResults;
+    TlotProjectResults FProjectResults;
 };

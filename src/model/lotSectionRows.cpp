@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/lotSectionRows.h"
 
-#include <memory>
-
 void AddSections(TlotProject& project, std::span<const TSectionRow> sections) {
     for (const TSectionRow& row : sections) {
-        TlotSection& section = *project.Sections.emplace_back(std::make_unique<TlotSection>());
+        TlotSection& section = project.Sections.Add();
         section.Name = row.Name;
         section.Group = row.Group;
         section.DefaultBase = row.DefaultBase;
         section.Income = row.Income;
         for (const TItemRow& itemRow : row.Items) {
-            TlotItem& item = section.AddItem();
+            TlotItem& item = section.Items.Add();
             item.Name = itemRow.Name;
             item.Amount.Value = itemRow.Amount;
             item.Percentage = itemRow.Percentage;

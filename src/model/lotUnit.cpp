@@ -5,7 +5,6 @@
 #include "common/vipFormulae.h"
 #include "common/vipText.h"
 
-#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -130,69 +129,52 @@ double TlotUnit::Net(double value) const {
 }
 
 void TlotUnit::Assign(const TlotUnit& other) {
+    static_cast<TlotUnitTerms&>(*this) = other;
+    static_cast<TlotUnitResults&>(*this) = other;
     Areas.Assign(other.Areas);
-    BuildLine.Assign(other.BuildLine);
-    RentLine.Assign(other.RentLine);
-    SalesLine.Assign(other.SalesLine);
-    BuildRate.Value = other.BuildRate.Value;
-    BuildArea.Value = other.BuildArea.Value;
-    ERV.Value = other.ERV.Value;
-    Yield.Value = other.Yield.Value;
-    GrossSale.Value = other.GrossSale.Value;
-    NetSale.Value = other.NetSale.Value;
-    YearsPurchase = other.YearsPurchase;
-    RentFreeFactor = other.RentFreeFactor;
-    Name = other.Name;
-    Number = other.Number;
-    UnitType = other.UnitType;
-    UnitTypeIndex = other.UnitTypeIndex;
-    Dimensions = other.Dimensions;
-    TotalArea = other.TotalArea;
-    TotalValue = other.TotalValue;
-    IsCapitalised = other.IsCapitalised;
-    BuildAccountCode = other.BuildAccountCode;
-    SalesAccountCode = other.SalesAccountCode;
-    RentAccountCode = other.RentAccountCode;
-    RentFreePeriod = other.RentFreePeriod;
-    RentAtERV = other.RentAtERV;
-    PreSalesRent = other.PreSalesRent;
-    GroundRent = other.GroundRent;
-    NetRent = other.NetRent;
-    YPFrequency = other.YPFrequency;
-    PurchCosts = other.PurchCosts;
-    PurchCostsValue = other.PurchCostsValue;
+    VisitLines([&](const char* /*name*/, auto line) { (this->*line).Assign(other.*line); });
 }
 
-TlotUnit& TlotUnitList::Insert(int index) {
-    const auto at = FUnits.begin() + std::clamp(index, 0, Count());
-    return **FUnits.insert(at, std::make_unique<TlotUnit>());
+TlotUnitSnapshot TlotUnit::Snapshot() const {
+    return {*this, *this, Areas.Terms(), BuildLine, RentLine, SalesLine};
 }
 
-int TlotUnitList::IndexOf(const TlotUnit& unit) const noexcept {
-    const auto found = std::ranges::find_if(FUnits, [&](const auto& u) { return u.get() == &unit; });
-    return found == FUnits.end() ? -1 : static_cast<int>(found - FUnits.begin());
+void TlotUnit::Restore(const TlotUnitSnapshot& snapshot) {
+    static_cast<TlotUnitTerms&>(*this) = snapshot.Terms;
+    static_cast<TlotUnitResults&>(*this) = snapshot.Results;
+    Areas.SetTerms(snapshot.Areas);
+    BuildLine = snapshot.BuildLine;
+    RentLine = snapshot.RentLine;
+    SalesLine = snapshot.SalesLine;
+}
+
+bool TlotUnit::SameInputs(const TlotUnit& other) const {
+    bool same = static_cast<const TlotUnitTerms&>(*this) == other && Areas.Terms() == other.Areas.Terms();
+    VisitLines([&](const char* /*name*/, auto line) {
+        same = same && static_cast<const TlotLineTerms&>(this->*line) == other.*line;
+    });
+    return same;
 }
 
 void TlotUnitList::Sort() {
-    const auto before = [](const std::unique_ptr<TlotUnit>& a, const std::unique_ptr<TlotUnit>& b) {
-        const auto left = std::tie(a->UnitTypeIndex, a->Number);
-        const auto right = std::tie(b->UnitTypeIndex, b->Number);
-        return left != right ? left < right : vip::CompareText(a->Name, b->Name) < 0;
-    };
-    if (!std::ranges::is_sorted(FUnits, before)) {
-        std::ranges::stable_sort(FUnits, before);
-    }
+    SortBy([](const TlotUnit& a, const TlotUnit& b) {
+        const auto left = std::tie(a.UnitTypeIndex, a.Number);
+        const auto right = std::tie(b.UnitTypeIndex, b.Number);
+        return left != right ? left < right : vip::CompareText(a.Name, b.Name) < 0;
+    });
 }
 
 void TlotUnitList::SortByNumber() {
-    std::ranges::stable_sort(FUnits, {}, [](const auto& unit) { return unit->Number; });
+    SortBy([](const TlotUnit& a, const TlotUnit& b) { return a.Number < b.Number; });
 }
 
 int TlotUnitTypeList::IndexOf(std::string_view name) const noexcept {
-    const auto found = std::ranges::find_if(Items, [&](const auto& type) { return vip::SameText(type.Name, name); });
-    return found == Items.end() ? -1 : static_cast<int>(found - Items.begin());
+    return FindIf([&](const TlotUnitType& type) { return vip::SameText(type.Name, name); });
 }
 
 void TlotUnitTypeList::SetDefaults() {
-    Items = {{"Commercial"}, {"Residential"}, {"Non-Capitalised"}};
+    Clear();
+    for (const char* const name : {"Commercial", "Residential", "Non-Capitalised"}) {
+        Add().Name = name;
+    }
 }

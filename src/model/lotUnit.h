@@ -5,16 +5,17 @@
 // its sale value straight away.
 #pragma once
 
+#include "common/lotFields.h"
+#include "common/lotLifetime.h"
+#include "common/lotOwningList.h"
 #include "common/vipSADouble.h"
 #include "engine/lotAdjust.h"
 #include "engine/lotCashflow.h"
 #include "model/lotArea.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// The period in which rents are quoted; any other number acts as Annual.
 enum class TlotRentalValues : std::uint8_t { Annual = 0, HalfYearly = 1, Quarterly = 2, Monthly = 3 };
@@ -25,43 +26,91 @@ enum class TlotYPFrequency : std::uint8_t { AnnuallyInArrears = 0, QuarterlyInAd
 /// Payments of a rental period in a year: 1, 2, 4 or 12.
 [[nodiscard]] int RentsAYear(TlotRentalValues rentalValues) noexcept;
 
-class TlotUnit {
-public:
-    TlotUnit();
-    TlotUnit(const TlotUnit&) = delete;
-    TlotUnit& operator=(const TlotUnit&) = delete;
-
-    TlotAreaSchedule Areas;
-    TlotCashflowItem BuildLine;
-    TlotCashflowItem RentLine; ///< Its amount is a month's rent.
-    TlotCashflowItem SalesLine;
-    TlotSADouble BuildRate; ///< Money per unit of build area.
-    TlotSADouble BuildArea;
-    TlotSADouble ERV;          ///< Calculated: rent of one rental period.
-    TlotSADouble Yield;        ///< Percent.
-    TlotSADouble GrossSale;    ///< Calculated.
-    TlotSADouble NetSale;      ///< Calculated: less purchaser's costs.
-    double YearsPurchase = 0;  ///< Calculated.
-    double RentFreeFactor = 0; ///< Calculated: the deferment; 0 where there is no rent-free period.
+/// What a user sets of a unit, but for its areas and the months of its three lines.
+struct TlotUnitTerms {
     std::string Name;
     std::int32_t Number = 0; ///< Second sort key; enters no sum.
     std::string UnitType;
-    std::int32_t UnitTypeIndex = 0; ///< Calculated: -1 where UnitType isn't known.
-    TlotDimensions Dimensions = TlotDimensions::SquareFeet;
-    double TotalArea = 0;  ///< Calculated.
-    double TotalValue = 0; ///< Calculated: sum of the schedule after the sales adjustment.
     bool IsCapitalised = false;
+    TlotDimensions Dimensions = TlotDimensions::SquareFeet;
+    TlotSADouble BuildArea;
+    TlotSADouble BuildRate; ///< Money per unit of build area.
+    TlotSADouble Yield;     ///< Percent.
+    TlotYPFrequency YPFrequency = TlotYPFrequency::AnnuallyInArrears;
     std::string BuildAccountCode;
     std::string SalesAccountCode;
     std::string RentAccountCode;
     std::int32_t RentFreePeriod = 0; ///< Months.
     bool RentAtERV = false;          ///< The rent before sale is the ERV.
     double PreSalesRent = 0;         ///< A year's rent before sale where it isn't.
-    double GroundRent = 0;           ///< Calculated: this unit's share.
-    double NetRent = 0;              ///< Calculated: ERV less GroundRent.
-    TlotYPFrequency YPFrequency = TlotYPFrequency::AnnuallyInArrears;
-    double PurchCosts = 0;      ///< Percent.
-    double PurchCostsValue = 0; ///< Calculated: GrossSale less NetSale.
+    double PurchCosts = 0;           ///< Percent.
+
+    template <class Visitor> static void VisitFields(Visitor&& visit) {
+        using T = TlotUnitTerms;
+        visit(TlotFieldInfo{"Name"}, &T::Name);
+        visit(TlotFieldInfo{"Number"}, &T::Number);
+        visit(TlotFieldInfo{.Name = "UnitType", .Since = 10}, &T::UnitType);
+        visit(TlotFieldInfo{.Name = "IsCapitalised", .Since = 10, .Form = TlotFieldForm::MixedCase}, &T::IsCapitalised);
+        visit(TlotFieldInfo{"Dimensions"}, &T::Dimensions);
+        visit(TlotFieldInfo{"BuildArea"}, &T::BuildArea);
+        visit(TlotFieldInfo{"BuildRate"}, &T::BuildRate);
+        visit(TlotFieldInfo{"Yield"}, &T::Yield);
+        visit(TlotFieldInfo{"YPFrequency"}, &T::YPFrequency);
+        visit(TlotFieldInfo{"BuildAccountCode"}, &T::BuildAccountCode);
+        visit(TlotFieldInfo{"SalesAccountCode"}, &T::SalesAccountCode);
+        visit(TlotFieldInfo{"RentAccountCode"}, &T::RentAccountCode);
+        visit(TlotFieldInfo{"RentFreePeriod"}, &T::RentFreePeriod);
+        visit(TlotFieldInfo{"RentAtERV"}, &T::RentAtERV);
+        visit(TlotFieldInfo{"PreSalesRent"}, &T::PreSalesRent);
+        visit(TlotFieldInfo{"PurchCosts"}, &T::PurchCosts);
+    }
+
+    friend bool operator==(const TlotUnitTerms&, const TlotUnitTerms&) = default;
+};
+
+/// What calculations leave behind in a unit, but for its lines.
+struct TlotUnitResults {
+    TlotSADouble ERV; ///< Rent of one rental period.
+    TlotSADouble GrossSale;
+    TlotSADouble NetSale;           ///< Less purchaser's costs.
+    double YearsPurchase = 0;       ///< The multiplier used.
+    double RentFreeFactor = 0;      ///< The deferment; 0 where there is no rent-free period.
+    std::int32_t UnitTypeIndex = 0; ///< -1 where UnitType isn't known.
+    double TotalArea = 0;
+    double TotalValue = 0;      ///< Sum of the schedule after the sales adjustment.
+    double GroundRent = 0;      ///< This unit's share.
+    double NetRent = 0;         ///< ERV less GroundRent.
+    double PurchCostsValue = 0; ///< GrossSale less NetSale.
+};
+
+/// A whole unit as it stands, kept to be put back or to be made again elsewhere.
+struct TlotUnitSnapshot {
+    TlotUnitTerms Terms;
+    TlotUnitResults Results;
+    TlotAreaScheduleTerms Areas;
+    TlotCashflowItem BuildLine;
+    TlotCashflowItem RentLine;
+    TlotCashflowItem SalesLine;
+};
+
+class TlotUnit : public TlotUnitTerms, public TlotUnitResults {
+public:
+    TlotUnit();
+    TlotUnit(const TlotUnit&) = delete;
+    TlotUnit& operator=(const TlotUnit&) = delete;
+
+    TlotLifetime Lifetime;
+    TlotAreaSchedule Areas;
+    TlotCashflowItem BuildLine;
+    TlotCashflowItem RentLine; ///< Its amount is a month's rent.
+    TlotCashflowItem SalesLine;
+
+    /// Its lines by their names in files.
+    template <class Visitor> static void VisitLines(Visitor&& visit) {
+        visit("Build", &TlotUnit::BuildLine);
+        visit("Sales", &TlotUnit::SalesLine);
+        visit("Rent", &TlotUnit::RentLine);
+    }
 
     /// Totals from the schedule; `adjust` may be null, here and below.
     void CalculateValue(const TlotAdjust* adjust);
@@ -81,26 +130,20 @@ public:
     /// With purchaser's costs taken off; 0 where they are -100 percent.
     [[nodiscard]] double Net(double value) const;
 
-    /// Copies all inputs and calculated figures.
+    /// Copies all inputs and calculated figures; of the schedule what Areas.Assign copies, and of each line what its
+    /// Assign does.
     void Assign(const TlotUnit& other);
+
+    [[nodiscard]] TlotUnitSnapshot Snapshot() const;
+    /// Becomes what the snapshot was taken of, to the bit.
+    void Restore(const TlotUnitSnapshot& snapshot);
+    /// Whether everything that a user sets is alike: terms, areas and the months of the lines.
+    [[nodiscard]] bool SameInputs(const TlotUnit& other) const;
 };
 
-class TlotUnitList {
+/// Units in order. They are deleted by the project's operations, since the last calculation has listed their lines.
+class TlotUnitList : public TlotOwningList<TlotUnit> {
 public:
-    [[nodiscard]] int Count() const noexcept { return static_cast<int>(FUnits.size()); }
-    [[nodiscard]] TlotUnit& operator[](int index) { return *FUnits.at(static_cast<std::size_t>(index)); }
-    [[nodiscard]] const TlotUnit& operator[](int index) const { return *FUnits.at(static_cast<std::size_t>(index)); }
-    [[nodiscard]] auto begin() noexcept { return FUnits.begin(); }
-    [[nodiscard]] auto end() noexcept { return FUnits.end(); }
-    [[nodiscard]] auto begin() const noexcept { return FUnits.begin(); }
-    [[nodiscard]] auto end() const noexcept { return FUnits.end(); }
-
-    TlotUnit& Add() { return Insert(Count()); }
-    TlotUnit& Insert(int index);
-    void Delete(int index) { FUnits.erase(FUnits.begin() + index); }
-    [[nodiscard]] int IndexOf(const TlotUnit& unit) const noexcept;
-    void Clear() noexcept { FUnits.clear(); }
-
     /// The calculation's order: UnitTypeIndex, Number, Name without regard to case. Stable; a sorted list costs no
     /// memory.
     void Sort();
@@ -108,18 +151,23 @@ public:
     void SortByNumber();
 
 private:
-    std::vector<std::unique_ptr<TlotUnit>> FUnits;
+    friend class TlotProject;
+    using TlotOwningList::Clear;
+    using TlotOwningList::Delete;
 };
 
 struct TlotUnitType {
     std::string Name;
+
+    template <class Visitor> static void VisitFields(Visitor&& visit) {
+        visit(TlotFieldInfo{"Name"}, &TlotUnitType::Name);
+    }
 };
 
 /// The types that units may name, in the order in which units are listed.
-class TlotUnitTypeList {
+class TlotUnitTypeList : public TlotOwningList<TlotUnitType> {
 public:
-    std::vector<TlotUnitType> Items;
-
+    using TlotOwningList::IndexOf;
     /// Index of that name without regard to case, or -1.
     [[nodiscard]] int IndexOf(std::string_view name) const noexcept;
     /// "Commercial", "Residential", "Non-Capitalised".

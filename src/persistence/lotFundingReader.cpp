@@ -2,6 +2,7 @@
 #include "persistence/lotFundingReader.h"
 
 #include "common/vipErrors.h"
+#include "persistence/lotFieldForms.h"
 #include "persistence/lotLimits.h"
 
 #include <algorithm>
@@ -41,71 +42,51 @@ void TlotFundingReader::ReadFunding(const TlotElement& e, TlotFunding& funding) 
 
 void TlotFundingReader::ReadLoan(const TlotElement& e, TlotFunding& funding) {
     TlotLoan& loan = funding.Loans.Add();
-    loan.Name = e.Text("Name");
-    loan.Active = e.Boolean("Active", true);
-    loan.InterestRate.Value = e.Number("InterestRate");
-    ReadLoanTerms(e, loan);
-    loan.LoanSource = e.Enumeration<TlotLoanSource>("LoanSource");
-    loan.VariableRate = e.Boolean("VariableRate");
+    ReadFields<TlotLoanTerms>(FContext, e, loan);
+    ReadOldShare(e, loan);
     for (const pugi::xml_node node : e.Node().children()) {
-        if (node.type() != pugi::node_element) {
-            continue;
-        }
-        const TlotElement child = FContext.Element(node);
-        if (child.Is("InterestRates")) {
-            ReadValueArray(child, loan.InterestRates);
-        } else if (child.Is("Borrow")) {
-            ReadValueArray(child, loan.BorrowPercentages);
-        } else if (child.Is("Repay")) {
-            ReadValueArray(child, loan.RepayPercentages);
-        } else if (child.Is("LoanFees")) {
-            loan.LoanFees.Amount = child.Number("Amount");
-            loan.LoanFees.Percentage = child.Boolean("Percentage");
-        } else if (child.Is("Borrowing")) {
-            FContext.ReadSpread(child, loan.Borrowing);
+        if (node.type() == pugi::node_element) {
+            ReadLoanChild(FContext.Element(node), loan);
         }
     }
     FContext.CountLoan(e, loan);
 }
 
-void TlotFundingReader::ReadLoanTerms(const TlotElement& e, TlotLoan& loan) const {
-    if (FContext.Version < 4) {
-        const double borrowing = e.Number("Borrowing");
-        if (e.Boolean("Percentage")) {
-            loan.LoanType = TlotLoanType::Standard;
-            loan.BorrowPercentage = borrowing;
-            loan.RepayPercentage = borrowing;
-        } else {
-            loan.LoanType = TlotLoanType::Cash;
-            loan.Amount = borrowing;
-        }
+/// What a loan took of the cashflow, in the forms before borrowing and repayment had a share each.
+void TlotFundingReader::ReadOldShare(const TlotElement& e, TlotLoan& loan) const {
+    if (FContext.Version >= 11) {
         return;
     }
-    if (FContext.Version < 11) {
+    if (FContext.Version >= 4) {
         loan.BorrowPercentage = e.Number("Percentage");
-        loan.RepayPercentage = loan.BorrowPercentage;
+    } else if (e.Boolean("Percentage")) {
+        loan.LoanType = TlotLoanType::Standard;
+        loan.BorrowPercentage = e.Number("Borrowing");
     } else {
-        loan.BorrowPercentage = e.Number("BorrowPercentage");
-        loan.RepayPercentage = e.Number("RepayPercentage");
-        loan.VariablePercentage = e.Boolean("VariablePercentage");
+        loan.LoanType = TlotLoanType::Cash;
+        loan.Amount = e.Number("Borrowing");
     }
-    loan.LoanType = e.Enumeration<TlotLoanType>("LoanType");
-    loan.Amount = e.Number("Amount");
-    loan.Maximum = e.Number("Maximum");
-    loan.Base = e.Text("Base");
-    loan.Start = FContext.LoanMonth(e, "Start");
-    loan.Period = FContext.LoanMonth(e, "Period");
+    loan.RepayPercentage = loan.BorrowPercentage;
+}
+
+void TlotFundingReader::ReadLoanChild(const TlotElement& e, TlotLoan& loan) {
+    TlotLoanTerms::VisitArrays([&](const char* name, auto array) {
+        if (e.Is(name)) {
+            ReadValueArray(e, loan.*array);
+        }
+    });
+    if (e.Is("LoanFees")) {
+        ReadFields(FContext, e, loan.LoanFees);
+    } else if (e.Is("Borrowing")) {
+        FContext.ReadSpread(e, loan.Borrowing);
+    }
 }
 
 void TlotFundingReader::ReadEquity(const TlotElement& e, TlotEquity& equity) {
-    equity.DiscountRate = e.Number("DiscountRate");
-    equity.InterestRate.Value = e.Number("InterestRate");
-    equity.CreditInterestRate = e.Number("CreditInterestRate");
-    equity.VariableRate = e.Boolean("VariableRate");
-    if (FContext.Version >= 2) {
-        equity.NPVIRRIncludesInterest = e.Boolean("NPVIRRIncludesInterest");
-    }
-    if (const pugi::xml_node rates = e.Node().child("InterestRates")) {
-        ReadValueArray(FContext.Element(rates), equity.InterestRates);
-    }
+    ReadFields<TlotEquityTerms>(FContext, e, equity);
+    TlotEquityTerms::VisitArrays([&](const char* name, auto array) {
+        if (const pugi::xml_node values = e.Node().child(name)) {
+            ReadValueArray(FContext.Element(values), equity.*array);
+        }
+    });
 }

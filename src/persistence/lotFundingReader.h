@@ -15,7 +15,8 @@ public:
 
 private:
     void ReadLoan(const TlotElement& e, TlotFunding& funding);
-    void ReadLoanTerms(const TlotElement& e, TlotLoan& loan) const;
+    void ReadOldShare(const TlotElement& e, TlotLoan& loan) const;
+    void ReadLoanChild(const TlotElement& e, TlotLoan& loan);
 
     TlotReadContext& FContext;
 };

@@ -20,15 +20,12 @@ public:
 
 private:
     void ReadAttributes(const TlotElement& e);
-    void ReadSiteAndResidual(const TlotElement& e);
-    void ReadReportSettings(const TlotElement& e);
-    void ReadShowFlags(const TlotElement& e);
-    void ReadStartDate(const TlotElement& e);
+    void ReadOldTarget(const TlotElement& e);
     void ReadUnitTypes(const TlotElement& project);
     void ReadChild(const TlotElement& e);
     void ReadUnit(const TlotElement& e);
-    void ReadUnitType(const TlotElement& e, TlotUnit& unit) const;
-    void ReadUnitChildren(const TlotElement& e, TlotUnit& unit);
+    static void ReadOldUnitType(const TlotElement& e, TlotUnit& unit);
+    void ReadUnitChild(const TlotElement& e, TlotUnit& unit);
     void ReadSection(const TlotElement& e);
     void ReadItem(const TlotElement& e, TlotSection& section);
     void ReadInflation(const TlotElement& e);

@@ -6,21 +6,5 @@
 #include "model/lotProject.h"
 #include "persistence/lotXml.h"
 
-class TlotProjectWriter {
-public:
-    explicit TlotProjectWriter(TlotProject& project) : FProject(project) {}
-
-    void Write(TlotElementWriter e);
-
-private:
-    void WriteAttributes(TlotElementWriter& e) const;
-    void WriteReportSettings(TlotElementWriter& e) const;
-    void WriteShowFlags(TlotElementWriter& e) const;
-    void WriteUnits(TlotElementWriter& e);
-    void WriteSections(TlotElementWriter& e);
-    void WriteInflation(TlotElementWriter e) const;
-    void WriteFunding(TlotElementWriter e) const;
-    void WriteEquity(TlotElementWriter e) const;
-
-    TlotProject& FProject;
-};
+/// Simplifies the lines that it writes, which is why the project may change: shapes that are plain become so in it too.
+void WriteProject(TlotElementWriter e, TlotProject& project);

@@ -197,7 +197,7 @@ std::int32_t TlotResiReader::TotalUnits() const {
 void TlotResiReader::Import(TlotProject& project) const {
     project.Name = FName;
     for (const TlotResiSector& sector : FSectors) {
-        project.UnitTypes.Items.push_back({sector.Name});
+        project.UnitTypes.Add().Name = sector.Name;
     }
     AddUnits(project);
     AddSections(project, Sections);

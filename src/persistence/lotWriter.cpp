@@ -13,7 +13,7 @@ void TlotWriter::Write(TlotProject& project) {
     declaration.append_attribute("encoding").set_value("UTF-8");
     TlotElementWriter root(FDocument.append_child("Lotmaster"), FLocale);
     root.Text("Version", "13");
-    TlotProjectWriter(project).Write(root.AddChild("Project"));
+    WriteProject(root.AddChild("Project"), project);
 }
 
 std::string TlotWriter::ToText() const {

@@ -150,7 +150,7 @@ void TCashflowSheet::Sections() {
             Money(item->Name, item->Line);
             total.Add(item->Line);
         }
-        if (!section->Items.empty()) {
+        if (!section->Items.IsEmpty()) {
             Money("Total " + section->Name, total, true);
         }
     }
@@ -172,8 +172,8 @@ void TCashflowSheet::Loan(const TlotLoan& loan) {
         MoneyIfAny("Can Repay", loan.CanRepay);
     }
     MoneyIfAny("Repayment", loan.Repayment);
-    if (loan.LoanFees.Line.Amount != 0) {
-        Money("Fees", loan.LoanFees.Line);
+    if (loan.FeeLine.Amount != 0) {
+        Money("Fees", loan.FeeLine);
     }
     Money("Debt", loan.Debt);
     LoanInterest(loan);

@@ -19,12 +19,13 @@ std::string RateText(const TlotReportSource& source, bool variable, double rate)
     return variable ? "Variable Rate" : source.Percent(rate);
 }
 
-void AddFees(TlotTable& table, const TlotReportSource& source, const TlotLoanFees& fees) {
+void AddFees(TlotTable& table, const TlotReportSource& source, const TlotLoan& loan) {
+    const TlotLoanFees& fees = loan.LoanFees;
     table.Append()
         .Set("Name", "Funding Fees")
         .Set("LoanType", fees.Percentage ? "Percentage of facility" : "Fixed")
         .Set("InterestRate", fees.Percentage ? source.Percent(fees.Amount) : source.Picture(",0", fees.Amount))
-        .Set("TotalInterest", fees.Line.Amount);
+        .Set("TotalInterest", loan.FeeLine.Amount);
 }
 
 } // namespace
@@ -41,7 +42,7 @@ void FillFinanceData(TlotTable& table, const TlotReportSource& source) {
             .Set("TotalInterest", loan->TotalInterest)
             .Set("Term", std::to_string(limited ? loan->Period : length - loan->Start) + " mths");
         if (loan->LoanFees.Amount != 0) {
-            AddFees(table, source, loan->LoanFees);
+            AddFees(table, source, *loan);
         }
     }
     const TlotEquity& equity = project.Equity;

@@ -70,7 +70,7 @@ private:
         for (const auto& area : unit.Areas) {
             FTables.UnitAreaData.Append()
                 .Set("UnitID", FID)
-                .Set("Description", area->Description)
+                .Set("Description", area->Description())
                 .Set("Zoning", area->Zoning())
                 .Set("Area", area->Area())
                 .Set("Rate", area->Rate())

@@ -196,7 +196,7 @@ void TAppraisalPrinter::PrintFinance() {
         const auto type = static_cast<std::size_t>(loan->LoanType);
         table.Add({loan->Name, type < types.size() ? types.at(type) : "",
                    loan->VariableRate ? "variable" : Percent(loan->InterestRate.Value), Money(-peak),
-                   Money(loan->TotalInterest), Money(-loan->LoanFees.Line.Amount)});
+                   Money(loan->TotalInterest), Money(-loan->FeeLine.Amount)});
     }
     const TlotEquity& equity = FProject.Equity;
     if (FProject.Funding.FindEquitySourceLoan() == nullptr) {

@@ -65,7 +65,7 @@ ordered_json BaseValues(const TlotProject& project) {
 ordered_json Areas(const TlotAreaSchedule& areas) {
     ordered_json array = ordered_json::array();
     for (const auto& area : areas) {
-        array.push_back({{"Description", area->Description},
+        array.push_back({{"Description", area->Description()},
                          {"Zoning", area->Zoning()},
                          {"Area", area->Area()},
                          {"Rate", area->Rate()},
@@ -134,7 +134,7 @@ ordered_json Loan(const TlotLoan& loan) {
             {"NPVIncludingInterest", loan.NPVIncludingInterest},
             {"IRRExcludingInterest", loan.IRRExcludingInterest},
             {"IRRIncludingInterest", loan.IRRIncludingInterest},
-            {"FeeLine", Line(loan.LoanFees.Line)},
+            {"FeeLine", Line(loan.FeeLine)},
             {"CashflowIn", Array(loan.CashflowIn)},
             {"BorrowingSource", Array(loan.BorrowingSource)},
             {"RolledOverDebt", Array(loan.RolledOverDebt)},

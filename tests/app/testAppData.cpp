@@ -158,7 +158,7 @@ TEST(Templates, NewProjectComesFromTheTemplatesThereAre) {
         TProjectData data(system, options, {outside, clock, outside}, PointLocale);
         EXPECT_EQ(NewProject(data, folder.File(""), clock, outside), row.Result);
         EXPECT_EQ(data.Project().Name, row.Name);
-        EXPECT_EQ(data.Project().Sections.size(), row.Result == TlotNewProject::Default ? 5U : 0U) << row.Name;
+        EXPECT_EQ(data.Project().Sections.Count(), row.Result == TlotNewProject::Default ? 5 : 0) << row.Name;
         EXPECT_EQ(data.Project().StartDate, TestToday) << row.Name;
         EXPECT_EQ(outside.Offered, row.Offered);
 
@@ -167,7 +167,7 @@ TEST(Templates, NewProjectComesFromTheTemplatesThereAre) {
         NewDefault(data, folder.File(""), clock);
         const bool own = std::ranges::count(row.Files, std::string_view("default.ltt")) != 0;
         EXPECT_EQ(data.Project().Name, own ? "default.ltt" : "");
-        EXPECT_EQ(data.Project().Sections.size(), own ? 0U : 5U);
+        EXPECT_EQ(data.Project().Sections.Count(), own ? 0 : 5);
         EXPECT_EQ(data.Project().StartDate, TestToday);
     }
 }

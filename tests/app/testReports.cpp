@@ -2,6 +2,7 @@
 #include "app/lotController.h"
 #include "app/lotSystem.h"
 #include "support/lotFiles.h"
+#include "support/lotTestProject.h"
 
 namespace {
 
@@ -153,7 +154,7 @@ TEST_F(Reports, TheOlderSetHasItsOwnTemplatesAndNoPicture) {
 TEST_F(Reports, NothingStartsWithoutBuildCostsAndSales) {
     Controller.ShowReport("Appraisal");
     const int rows = Data.ReportTables.UnitData.RowCount();
-    Data.Project().Units.Clear();
+    DeleteUnits(Data.Project());
     Engine4.Take();
     User.Log.clear();
     Controller.ShowReport("Appraisal");

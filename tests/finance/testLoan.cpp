@@ -83,7 +83,7 @@ TEST_F(Loan, StandardTakesPercentagesAndRatesByMonth) {
 
 TEST_F(Loan, CashRollsUpItsAdvanceAndFeeAndRepaysAllInItsLastMonth) {
     // Advance 1000 with a fee of 2 % in the debt: 1020, and 1020 x 1.01^5 = 1072.030251102 in the sixth month.
-    FLoan.LoanFees = {2, true, {}};
+    FLoan.LoanFees = {2, true};
     Cash(6, 0, 0);
     ExpectMonths(FLoan.Debt, {-1020, -1030.2, -1040.502, -1050.90702, -1061.4160902, 0});
     ExpectMonths(FLoan.Borrowing, {1000, 0, 0, 0, 0, -1072.030251102});
@@ -114,7 +114,7 @@ TEST_F(Loan, LinkedLoanStopsForGoodOnceRepaid) {
     // 4      -985.00351        0    985.00351         0             0
     // 5       repaid: the 100 are not drawn
     // The 250 of month 3, a month of part repayment, join the debt without showing as a drawing.
-    FLoan.LoanFees = {10, true, {}};
+    FLoan.LoanFees = {10, true};
     TlotCashflowItem inflow = RowOf({50, 0, 0, 300, 2000, 0});
     Linked(FLoan, RowOf({0, 1000, 1000, 500, 0, 200}), inflow);
     ExpectMonths(FLoan.BorrowingSource, {0, 500, 500, 250, 0, 100});

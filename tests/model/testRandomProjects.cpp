@@ -50,7 +50,7 @@ TEST(RandomProjects, FiguresAddUpFromTheLinesToTheProfit) {
         for (const auto& loan : project.Funding.Loans) {
             left.insert(left.end(), {{&loan->Borrowing, 1}, {&loan->Repayment, -1}});
             left.insert(left.end(), {{&loan->ExcessInterest, 1}, {&loan->Fees, 1}});
-            profit += loan->Interest.Sum() + loan->LoanFees.Line.Amount;
+            profit += loan->Interest.Sum() + loan->FeeLine.Amount;
         }
         ExpectSum(project.Equity.Cashflow, left);
         for (const auto& section : project.Sections) {
@@ -67,7 +67,7 @@ TEST(RandomProjects, ASecondPassChangesNothing) {
         const auto figures = [&] {
             std::vector<double> all = {project.TDC, project.NDV, project.Equity.IRR, project.Cashflow.IRR};
             for (const auto& loan : project.Funding.Loans) {
-                for (const TlotCashflowItem* const row : {&loan->Debt, &loan->Borrowing, &loan->LoanFees.Line}) {
+                for (const TlotCashflowItem* const row : {&loan->Debt, &loan->Borrowing, &loan->FeeLine}) {
                     all.insert(all.end(), row->Values.Span().begin(), row->Values.Span().end());
                 }
             }

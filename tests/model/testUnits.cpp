@@ -80,7 +80,7 @@ TEST_F(Unit, CountsRowsWithAnAreaAndFlexesThemBySales) {
 }
 
 TEST_F(Unit, OrderIsTypeThenNumberThenNameAndOtherwiseAsItWas) {
-    FProject.Units.Clear();
+    FProject.Clear(0);
     const std::tuple<const char*, int, const char*> rows[] = {
         {"Residential", 2, "a"}, {"RESIDENTIAL", 1, "B"}, {"Residential", 1, "a"},
         {"Residential", 1, "A"}, {"Commercial", 9, "z"},  {"Hotel", 5, "m"},

@@ -16,8 +16,8 @@ std::string Summary(const TlotProject& p) {
          << p.ShowSiteValueOnGDV << p.ShowRentalYield << p.ShowNPV << p.ShowIRR << p.ShowRentalCover
          << p.ShowInterestCover << "; equity " << p.Equity.InterestRate.Value << '/' << p.Equity.DiscountRate << '/'
          << p.Equity.NPVIRRIncludesInterest << "; types";
-    for (const TlotUnitType& type : p.UnitTypes.Items) {
-        text << ' ' << type.Name.substr(0, 3);
+    for (const auto& type : p.UnitTypes) {
+        text << ' ' << type->Name.substr(0, 3);
     }
     text << "; units";
     for (const auto& unit : p.Units) {

@@ -13,45 +13,69 @@ namespace {
 struct TElementForm {
     /// In order. t text, f base formula, n number, i integer, m months, e even, z percent of zone A, b and B boolean, d
     /// date, 0 what isn't computed yet, any other digit an enumeration up to it.
-    const char* Attributes;
+    std::string Attributes;
     const char* Children; ///< In order, those that repeat with the most of them.
+};
+
+/// The kinds of fields that mean more than their type says.
+const std::map<std::string, char> Kinds = {
+    {"Unit.RentFreePeriod", 'm'}, {"Area.Zoning", 'z'},         {"Area.Area", 'e'}, {"Area.Rate", 'i'},
+    {"Area.Value", '0'},          {"Item.BaseFormula", 'f'},    {"Loan.Base", 'f'}, {"Section.DefaultBase", 'f'},
+    {"Loan.LoanType", '2'},       {"Project.MinSiteValue", 'i'}};
+
+/// The attributes of an element, as the fields of its object tell them.
+template <class Object> class TFormOf {
+public:
+    static std::string Attributes(const char* element) {
+        TFormOf form;
+        form.FElement = element;
+        Object::VisitFields(form);
+        return form.FText;
+    }
+
+    template <class Place, class... Absent>
+    void operator()(const TlotFieldInfo& field, Place /*place*/, const Absent&... /*absent*/) {
+        const auto told = Kinds.find(FElement + "." + field.Name);
+        const char kind = told != Kinds.end() ? told->second : KindOf<TlotFieldType<Object, Place>>(field.Form);
+        FText += std::string(FText.empty() ? "" : " ") + field.Name + ":" + kind;
+    }
+
+private:
+    template <class Field> static char KindOf(TlotFieldForm form) {
+        if constexpr (std::is_same_v<Field, std::string>) {
+            return 't';
+        } else if constexpr (std::is_same_v<Field, bool>) {
+            return form == TlotFieldForm::MixedCase ? 'B' : 'b';
+        } else if constexpr (std::is_enum_v<Field>) {
+            return '3';
+        } else if constexpr (std::is_same_v<Field, std::int32_t>) {
+            return form == TlotFieldForm::LoanMonth ? 'm' : 'i';
+        } else {
+            return form == TlotFieldForm::Date ? 'd' : 'n';
+        }
+    }
+
+    std::string FElement;
+    std::string FText;
 };
 
 constexpr const char* SpreadForm = "Start:m Period:m";
 
 const std::map<std::string, TElementForm> Format = {
     {"Project",
-     {"Name:t Recipient:t StartDate:d RentalValues:4 TotalGroundRent:n Leasehold:b LeaseTerm:n ConstructionGroup:t "
-      "SiteGroup:t PictureFileName:t SiteValue:n SiteValueAccountCode:t NetSiteArea:n SiteAreaUnits:1 "
-      "ResidualTargetValue:n ResidualTarget:5 MinSiteValue:i MaxSiteValue:n CalcNegativeSiteValue:b NPVIRRSource:2 "
-      "IncludeExtraLoanDetail:b EquitySource:t UnitAreaDecPlaces:i PercentageCostDecPlaces:i CostGroupPageBreak:t "
-      "AppraisalReportFile:t RatioBase:t HideRatio:b AppraisalTitle:t ResidualTitle:t ShowProfitOnCost:b "
-      "ShowProfitOnGDV:b ShowProfitOnNDV:b ShowSiteValueOnGDV:b ShowRentalYield:b ShowNPV:b ShowIRR:b "
-      "ShowRentalCover:b "
-      "ShowInterestCover:b Profit:0 ProfitOnCost:0",
+     {TFormOf<TlotProject>::Attributes("Project") + " Profit:0 ProfitOnCost:0",
       "SiteValue UnitType:3 Unit:3 Section:4 Inflation Funding Equity Notes AppraisalNotes Address"}},
-    {"UnitType", {"Name:t", ""}},
-    {"Unit",
-     {"Name:t Number:i UnitType:t IsCapitalised:B Dimensions:4 BuildArea:n BuildRate:n Yield:n YPFrequency:3 "
-      "BuildAccountCode:t SalesAccountCode:t RentAccountCode:t RentFreePeriod:m RentAtERV:b PreSalesRent:n "
-      "PurchCosts:n "
-      "Zoning:b",
-      "Build Sales Rent Area:3"}},
-    {"Area", {"Description:t Zoning:z Area:e Rate:i Value:0", ""}},
-    {"Section", {"Name:t Group:t Income:b DefaultBase:f", "Item:5"}},
-    {"Item",
-     {"Name:t Amount:n Percentage:b BaseFormula:f Link:b DisplayRatio:b AccountCode:t CalculatedValue:0", "Value"}},
-    {"Inflation", {"Rate:n", "Targets"}},
+    {"UnitType", {TFormOf<TlotUnitType>::Attributes("UnitType"), ""}},
+    {"Unit", {TFormOf<TlotUnit>::Attributes("Unit") + " Zoning:b", "Build Sales Rent Area:3"}},
+    {"Area", {TFormOf<TlotAreaTerms>::Attributes("Area"), ""}},
+    {"Section", {TFormOf<TlotSection>::Attributes("Section"), "Item:5"}},
+    {"Item", {TFormOf<TlotItem>::Attributes("Item") + " CalculatedValue:0", "Value"}},
+    {"Inflation", {TFormOf<TlotInflation>::Attributes("Inflation"), "Targets"}},
     {"Targets", {"SiteValue:b BuildCosts:b CommercialSales:b ResidentialSales:b NonCapitalisedSales:b", ""}},
     {"Funding", {"", "Loan:3"}},
-    {"Loan",
-     {"Name:t LoanType:2 Active:b InterestRate:n BorrowPercentage:n RepayPercentage:n VariablePercentage:b "
-      "LoanSource:2 "
-      "Amount:n Maximum:n Base:f Start:m Period:m VariableRate:b",
-      "InterestRates Borrow Repay LoanFees"}},
-    {"LoanFees", {"Amount:n Percentage:b", ""}},
-    {"Equity",
-     {"DiscountRate:n InterestRate:n CreditInterestRate:n VariableRate:b NPVIRRIncludesInterest:b", "InterestRates"}},
+    {"Loan", {TFormOf<TlotLoan>::Attributes("Loan"), "InterestRates Borrow Repay LoanFees"}},
+    {"LoanFees", {TFormOf<TlotLoanFees>::Attributes("LoanFees"), ""}},
+    {"Equity", {TFormOf<TlotEquity>::Attributes("Equity"), "InterestRates"}},
     {"SiteValue", {SpreadForm, "Values"}},
     {"Build", {SpreadForm, "Values"}},
     {"Sales", {SpreadForm, "Values"}},

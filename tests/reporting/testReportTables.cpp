@@ -296,7 +296,7 @@ TEST_F(ReportTables, TellTheLoansTheirFeesAndTheEquity) {
     standard.Name = "Bank";
     standard.BorrowPercentage = 60;
     standard.InterestRate.Value = 6.5;
-    standard.LoanFees = {.Amount = 1.5, .Percentage = true, .Line = {}};
+    standard.LoanFees = {.Amount = 1.5, .Percentage = true};
     TlotLoan& cash = FProject.Funding.Loans.Add();
     cash.LoanType = TlotLoanType::Cash;
     cash.Amount = 12'345.6;
@@ -314,7 +314,7 @@ TEST_F(ReportTables, TellTheLoansTheirFeesAndTheEquity) {
                       "|12,346|Variable Rate|2 mths", "Funding Fees|Fixed|1,000|~",
                       "|25.000% of BUILD+Works.TOTAL|0.000%|3 mths", "Equity|~|0.000%|~"}));
     EXPECT_EQ(FTables.FinanceData.Row(0).Number("TotalInterest"), standard.TotalInterest);
-    EXPECT_EQ(FTables.FinanceData.Row(1).Number("TotalInterest"), standard.LoanFees.Line.Amount);
+    EXPECT_EQ(FTables.FinanceData.Row(1).Number("TotalInterest"), standard.FeeLine.Amount);
     EXPECT_EQ(FTables.SummaryData.Current().Number("Debt"),
               standard.TotalBorrowed + cash.TotalBorrowed + linked.TotalBorrowed);
     cash.Period = 2;

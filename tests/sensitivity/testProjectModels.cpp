@@ -95,8 +95,8 @@ TEST(SensitivityModels, CostsOutliveAnItemThatWasDeletedSinceTheyWereListed) {
     model.Refresh();
     EXPECT_EQ(items(), "Walls 100|Roof 200|Architect 5.000%|");
 
-    works.Items.erase(works.Items.begin());
-    works.Items.erase(works.Items.begin());
+    project.DeleteItem(works, 0);
+    project.DeleteItem(works, 0);
     EXPECT_EQ(items(), " |Roof 200|Architect 5.000%|") << "what is left is found where it stands now";
     costs.Save();
     for (int i = 0; i < costs.Count(); ++i) {
@@ -110,7 +110,7 @@ TEST(SensitivityModels, CostsOutliveAnItemThatWasDeletedSinceTheyWereListed) {
     EXPECT_NO_THROW(model.Calculate(page));
     EXPECT_EQ(page.Cells.size(), 3U);
 
-    project.Sections.pop_back();
+    project.DeleteSection(1);
     EXPECT_EQ(items(), " |Roof 200| |");
     costs.Save();
     project.Clear(0);

@@ -70,7 +70,7 @@ protected:
 TEST_F(MainWindow, StartsWithADefaultProjectAndNothingComputed) {
     EXPECT_EQ(FForm->windowTitle(), "Lotmaster");
     EXPECT_EQ(Front(), "HomeViewForm");
-    EXPECT_EQ(FScript.Project().Sections.size(), 5U);
+    EXPECT_EQ(FScript.Project().Sections.Count(), 5);
     EXPECT_EQ(Label("lblStatus"), "No unit build costs have been specified.");
     EXPECT_TRUE(Red("lblStatus"));
     EXPECT_EQ(Label("lblName"), "None specified - click to edit");
@@ -281,7 +281,7 @@ TEST_F(MainWindow, NewTakesATemplateAndForgetsTheFile) {
     Do(TlotAction::FileNew);
     EXPECT_EQ(FForm->windowTitle(), "Lotmaster");
     EXPECT_EQ(FScript.Project().Units.Count(), 0);
-    EXPECT_EQ(FScript.Project().Sections.size(), 5U) << "no template: the built-in sections";
+    EXPECT_EQ(FScript.Project().Sections.Count(), 5) << "no template: the built-in sections";
 
     fs::copy_file(ExampleFile("housing.lot"), folder + "Housing.ltt");
     Do(TlotAction::FileNew);
@@ -298,7 +298,7 @@ TEST_F(MainWindow, NewTakesATemplateAndForgetsTheFile) {
     Open(FScript.Folder.File("a.lot"));
     FScript.User.Template.reset();
     Do(TlotAction::FileNew);
-    EXPECT_EQ(FScript.Project().Sections.size(), 0U) << "Cancel leaves a cleared project.";
+    EXPECT_EQ(FScript.Project().Sections.Count(), 0) << "Cancel leaves a cleared project.";
     EXPECT_EQ(FScript.Data.FileName, "");
 
     // A damaged template must not leave a cleared project under the old file's name.

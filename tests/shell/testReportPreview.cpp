@@ -3,6 +3,7 @@
 #include "shell/frmReport4Preview.h"
 #include "shell/lotReportPrinter.h"
 #include "support/lotDesktopScript.h"
+#include "support/lotTestProject.h"
 #include "widgets/lotReportPages.h"
 #include "widgets/lotReportThumbnails.h"
 
@@ -228,7 +229,7 @@ TEST(ReportCommands, EachEntryOfTheMenuShowsItsReport) {
     EXPECT_EQ(script.User.Read, "4: AppraisalUngrouped.fr3, 3|2: Appraisal.frf, 4|4: AppraisalUngrouped.fr3, 3|");
 
     script.User.Read.clear();
-    script.Project().Units.Clear();
+    DeleteUnits(script.Project());
     form.Action(ReportAppraisal).trigger();
     EXPECT_EQ(script.User.Read, "") << "nothing to report";
     EXPECT_NE(script.User.TakeTold(), "");

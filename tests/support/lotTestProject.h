@@ -21,8 +21,14 @@ inline TlotUnit& AddUnit(TlotProject& project, const char* type, double area, do
     return unit;
 }
 
+inline void DeleteUnits(TlotProject& project) {
+    while (!project.Units.IsEmpty()) {
+        project.DeleteUnit(0);
+    }
+}
+
 inline TlotSection& AddSection(TlotProject& project, const char* name, const char* group, bool income = false) {
-    TlotSection& section = *project.Sections.emplace_back(std::make_unique<TlotSection>());
+    TlotSection& section = project.Sections.Add();
     section.Name = name;
     section.Group = group;
     section.Income = income;
@@ -31,7 +37,7 @@ inline TlotSection& AddSection(TlotProject& project, const char* name, const cha
 
 /// An item of a sum of money, or of a percentage where there is a formula.
 inline TlotItem& AddItem(TlotSection& section, const char* name, double amount, const char* formula = nullptr) {
-    TlotItem& item = section.AddItem();
+    TlotItem& item = section.Items.Add();
     item.Name = name;
     item.Amount.Value = amount;
     item.Percentage = formula != nullptr;
@@ -81,10 +87,10 @@ inline void RandomProject(TRandom& random, TlotProject& project) {
         random.Shape(unit.RentLine);
     }
     for (int i = random.Below(15); i-- > 0;) {
-        if (project.Sections.empty() || random.Chance(30)) {
+        if (project.Sections.IsEmpty() || random.Chance(30)) {
             AddSection(project, random.Of({"S", "T"}), "Costs").Income = random.Chance(30);
         }
-        TlotItem& item = AddItem(*project.Sections.back(), random.Of({"I", "J", "#K"}), 0);
+        TlotItem& item = AddItem(project.Sections[project.Sections.Count() - 1], random.Of({"I", "J", "#K"}), 0);
         item.Amount.Value = random.Money(9);
         item.BaseFormula = random.Of({"SITEVALUE + build", "SECTION", "NETCAP+NONCAP", "GROSSRENT", "BUILD*2"});
         item.Percentage = random.Chance(50);
