@@ -3,15 +3,6 @@
 
 #include <string_view>
 
-namespace {
-
-/// The object at that place of an owning list, or null past its end.
-template <class List> auto* ObjectAt(const List& list, std::ptrdiff_t index) {
-    return index < list.end() - list.begin() ? list.begin()[index].get() : nullptr;
-}
-
-} // namespace
-
 void TlotSAUnitFigureCategory::Save() {
     for (const auto& unit : Project().Units) {
         ((*unit).*FFigure).Save();
@@ -117,45 +108,26 @@ void TlotSACostCategory::Apply(int item, const vip::TSAStep& step) {
 
 void TlotSACostCategory::Prepare() {
     FItems.clear();
-    std::ptrdiff_t s = 0;
-    for (const auto& section : Project().Sections) {
-        std::ptrdiff_t i = 0;
-        for (const auto& item : section->Items) {
-            if (item->Amount.Value != 0) {
-                FItems.push_back({item.get(), s, i});
-            }
-            ++i;
-        }
-        ++s;
-    }
-}
-
-TlotItem* TlotSACostCategory::Living(const TListed& listed) const {
-    const TlotSection* const section = ObjectAt(Project().Sections, listed.SectionIndex);
-    TlotItem* const there = section == nullptr ? nullptr : ObjectAt(section->Items, listed.ItemIndex);
-    if (there == listed.Item) {
-        return there;
-    }
     TlotProjectItemIterator items = Project().NewItemIterator();
     for (items.First(); !items.IsDone(); items.Next()) {
-        if (&items.CurrentItem() == listed.Item) {
-            return &items.CurrentItem();
+        TlotItem& item = items.CurrentItem();
+        if (item.Amount.Value != 0) {
+            FItems.emplace_back(item, item.Lifetime);
         }
     }
-    return nullptr;
 }
 
 void TlotSACostCategory::Save() {
-    for (const TListed& listed : FItems) {
-        if (TlotItem* const item = Living(listed)) {
+    for (const TlotWatch<TlotItem>& watched : FItems) {
+        if (TlotItem* const item = watched.Get()) {
             item->Amount.Save();
         }
     }
 }
 
 void TlotSACostCategory::Restore() {
-    for (const TListed& listed : FItems) {
-        if (TlotItem* const item = Living(listed)) {
+    for (const TlotWatch<TlotItem>& watched : FItems) {
+        if (TlotItem* const item = watched.Get()) {
             item->Amount.Restore();
         }
     }

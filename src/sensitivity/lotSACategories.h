@@ -4,6 +4,7 @@
 // whether they take part or not.
 #pragma once
 
+#include "common/lotLifetime.h"
 #include "model/lotMeasures.h"
 #include "sensitivity/SACategory.h"
 
@@ -114,18 +115,10 @@ public:
     [[nodiscard]] std::string ItemValue(int item, const TNumberLocale& locale) const override;
 
 private:
-    /// An item and where it stood. The address is compared and not followed, for the item may be gone.
-    struct TListed {
-        const TlotItem* Item;
-        std::ptrdiff_t SectionIndex;
-        std::ptrdiff_t ItemIndex;
-    };
+    /// The item, or null if it is gone.
+    [[nodiscard]] TlotItem* Living(int item) const { return FItems.at(static_cast<std::size_t>(item)).Get(); }
 
-    /// The item if the project still has it, be it at another place; otherwise null.
-    [[nodiscard]] TlotItem* Living(const TListed& listed) const;
-    [[nodiscard]] TlotItem* Living(int item) const { return Living(FItems.at(static_cast<std::size_t>(item))); }
-
-    std::vector<TListed> FItems;
+    std::vector<TlotWatch<TlotItem>> FItems;
 };
 
 class TlotSASiteValueCategory final : public TlotSAProjectCategory {
