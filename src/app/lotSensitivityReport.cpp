@@ -49,8 +49,8 @@ void TlotSensitivityReport::Fill(const TSAPage& page, const TSAModel& model) {
     while (!FColumns.Eof()) {
         FColumns.Next();
     }
-    FillItems(FXItems, model.FirstAxis(), model.Locale);
-    FillItems(FYItems, model.SecondAxis(), model.Locale);
+    FillItems(FXItems, model.Rows(), model.Locale);
+    FillItems(FYItems, model.Columns(), model.Locale);
 }
 
 std::optional<TlotReportValue> TlotSensitivityReport::Value(std::string_view name, const TSAPage& page,
@@ -70,10 +70,10 @@ std::optional<TlotReportValue> TlotSensitivityReport::Value(std::string_view nam
         return page.RowTitle;
     }
     if (is("RowCaption")) {
-        return axis(model.FirstAxis());
+        return axis(model.Rows());
     }
     if (is("ColCaption")) {
-        return axis(model.SecondAxis());
+        return axis(model.Columns());
     }
     if (is("RowLabel")) {
         return FRows.Current().Text("RowLabel");
@@ -98,7 +98,7 @@ std::optional<TlotReportValue> TlotSensitivityReport::Value(std::string_view nam
 
 void TlotSensitivityReport::Make(const TSAPage& page, const TSAModel& model) {
     Fill(page, model);
-    const bool small = HasFiveSteps(model.FirstAxis()) && HasFiveSteps(model.SecondAxis());
+    const bool small = HasFiveSteps(model.Rows()) && HasFiveSteps(model.Columns());
     FData.LoadTemplate4(small ? "LotSensitivity5x5.fr3" : "LotSensitivity.fr3", FTables,
                         [&](std::string_view name) { return Value(name, page, model); });
 }

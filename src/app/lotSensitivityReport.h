@@ -32,7 +32,7 @@ private:
     TReportData& FData;
     TlotTable FRows;    ///< RowLabel
     TlotTable FColumns; ///< ColHeader; has a current row only while a template runs across it.
-    TlotTable FXItems;  ///< Of the first axis: Name, Value, Include
-    TlotTable FYItems;  ///< Of the second.
+    TlotTable FXItems;  ///< Of the rows: Name, Value, Include
+    TlotTable FYItems;  ///< Of the columns.
     std::array<TlotTable*, 4> FTables;
 };

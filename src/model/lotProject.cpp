@@ -4,15 +4,7 @@
 #include "common/vipText.h"
 
 #include <algorithm>
-#include <array>
 #include <vector>
-
-std::string_view ResidualKeyword(TlotResidualTarget target) noexcept {
-    constexpr std::array<std::string_view, 5> keywords = {"", "PROFITONCOST", "PROFITONGDV", "PROFITONNDV",
-                                                          "RENTALYIELD"};
-    const auto index = static_cast<std::size_t>(target);
-    return index < keywords.size() ? keywords.at(index) : std::string_view();
-}
 
 namespace {
 

@@ -4,7 +4,7 @@
 // the measure on interest, and each trial computes both afresh, so nothing but the site value is ever searched.
 #include "common/vipBisect.h"
 #include "common/vipErrors.h"
-#include "model/lotProject.h"
+#include "model/lotMeasures.h"
 
 namespace {
 
@@ -13,13 +13,13 @@ constexpr double SiteValueTolerance = 0.0001;
 constexpr double FarSiteValue = 1'000'000'000;
 
 /// Drives `solver` over the project's site value; `figure` is the measure that each trial leaves.
-double Solve(TlotProject& project, VBisect& solver, const double& figure, TlotPassScope scope) {
+TlotSolution Solve(TlotProject& project, VBisect& solver, const double& figure, TlotPassScope scope) {
     while (solver.Running()) {
         project.BaseValues.SiteValue.Amount = solver.Middle();
         project.Calculate(scope);
         solver.Step(figure);
     }
-    return solver.Found() ? project.BaseValues.SiteValue.Amount : 0;
+    return {solver.Found() ? project.BaseValues.SiteValue.Amount : 0, solver.Found()};
 }
 
 VBisect FirstStage(double highest, double target) {
@@ -56,27 +56,50 @@ const double& FigureOf(TlotProject& project, std::string_view keyword) {
     return *figure;
 }
 
+TlotSolution SolveFirstStage(TlotProject& project, const double& figure, double target, double highest,
+                             TlotPassScope scope) {
+    VBisect solver = FirstStage(highest, target);
+    return Solve(project, solver, figure, scope);
+}
+
+TlotSolution SolveBothStages(TlotProject& project, std::string_view keyword, double target, TlotPassScope scope) {
+    const double& figure = FigureOf(project, keyword);
+    const TlotSolution first = SolveFirstStage(project, figure, target, project.MaxSiteValue, scope);
+    // An answer of exactly 0 is looked for again, as if it were none; only where nothing else is found does it hold.
+    if (first.SiteValue != 0 || !project.CalcNegativeSiteValue) {
+        return first;
+    }
+    project.BaseValues.SiteValue.Amount = 0;
+    project.Calculate(scope);
+    VBisect solver = SecondStage(project, figure, target);
+    const TlotSolution second = Solve(project, solver, figure, scope);
+    return second.Found ? second : first;
+}
+
+TlotSolution SolveForEquityIRR(TlotProject& project, double target) {
+    return SolveFirstStage(project, project.Equity.IRR, target, project.MaxSiteValue, TlotPassScope::Full);
+}
+
 } // namespace
 
 double TlotProject::SolveSiteValue(std::string_view keyword, double target, TlotPassScope scope) {
-    const double answer = SolveSiteValueWithin(keyword, target, MaxSiteValue, scope);
-    if (answer != 0 || !CalcNegativeSiteValue) {
-        return answer;
-    }
-    const double& figure = FigureOf(*this, keyword);
-    BaseValues.SiteValue.Amount = 0;
-    Calculate(scope);
-    VBisect solver = SecondStage(*this, figure, target);
-    return Solve(*this, solver, figure, scope);
+    return SolveBothStages(*this, keyword, target, scope).SiteValue;
 }
 
 double TlotProject::SolveSiteValueWithin(std::string_view keyword, double target, double highest, TlotPassScope scope) {
-    const double& figure = FigureOf(*this, keyword);
-    VBisect solver = FirstStage(highest, target);
-    return Solve(*this, solver, figure, scope);
+    return SolveFirstStage(*this, FigureOf(*this, keyword), target, highest, scope).SiteValue;
 }
 
 double TlotProject::SolveEquityIRR(double target) {
-    VBisect solver = FirstStage(MaxSiteValue, target);
-    return Solve(*this, solver, Equity.IRR, TlotPassScope::Full);
+    return SolveForEquityIRR(*this, target).SiteValue;
+}
+
+TlotSolution SolveFor(TlotProject& project, TlotMeasure measure, double target) {
+    const TlotMeasureInfo& info = MeasureInfo(measure);
+    switch (info.Search) {
+    case TlotMeasureSearch::ByKeyword: return SolveBothStages(project, info.Keyword, target, TlotPassScope::Full);
+    case TlotMeasureSearch::EquityIRR: return SolveForEquityIRR(project, target);
+    case TlotMeasureSearch::None: break;
+    }
+    throw ELotError(std::string(info.Caption) + ": no site value is searched for it");
 }

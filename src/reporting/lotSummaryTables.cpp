@@ -1,13 +1,40 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The measures of the project: all of them in one row, and those that the project shows, as printed lines.
+#include "model/lotMeasures.h"
 #include "reporting/lotTableFillers.h"
+
+#include <array>
+#include <utility>
 
 namespace {
 
 std::string CoverText(std::int32_t months) {
     return std::to_string(months / 12) + " years " + std::to_string(months % 12) + " months";
 }
+
+std::string Text(const TlotReportSource& source, const TlotMeasureInfo& measure) {
+    const double figure = measure.Figure(source.Project);
+    return measure.IsCover() ? CoverText(static_cast<std::int32_t>(figure)) : source.Picture(measure.Mask, figure);
+}
+
+/// The figures of SummaryData that are measures; GDV stays empty: a report asks for it as a variable.
+constexpr std::array<std::pair<const char*, TlotMeasure>, 14> SummaryFigures = {{
+    {"Profit", TlotMeasure::Profit},
+    {"ProfitOnCost", TlotMeasure::ProfitOnCost},
+    {"ProfitOnGDV", TlotMeasure::ProfitOnGDV},
+    {"ProfitOnNDV", TlotMeasure::ProfitOnNDV},
+    {"SiteValueOnGDV", TlotMeasure::SiteValueOnGDV},
+    {"IRR", TlotMeasure::IRR},
+    {"TDC", TlotMeasure::TDC},
+    {"SV", TlotMeasure::SiteValue},
+    {"SiteValue", TlotMeasure::SiteValue},
+    {"RY", TlotMeasure::RentalYield},
+    {"NDV", TlotMeasure::NDV},
+    {"SaleValue", TlotMeasure::NDV},
+    {"NPV", TlotMeasure::NPV},
+    {"TotalInterest", TlotMeasure::TotalInterest},
+}};
 
 void SetDebtAndEquity(TlotTable& table, const TlotProject& project) {
     double debt = 0;
@@ -29,50 +56,27 @@ void FillSummaryData(TlotTable& table, const TlotReportSource& source) {
     if (project.TDC == 0) {
         return;
     }
-    // GDV stays empty: a report asks for it as a variable.
-    const TlotBaseValues& measures = project.BaseValues;
-    table.Append()
-        .Set("Profit", measures.Profit)
-        .Set("ProfitOnCost", measures.ProfitOnCost)
-        .Set("ProfitOnGDV", measures.ProfitOnGDV)
-        .Set("ProfitOnNDV", measures.ProfitOnNDV)
-        .Set("SiteValueOnGDV", measures.SiteValueOnGDV)
-        .Set("IRR", project.IRR())
-        .Set("TDC", project.TDC)
-        .Set("SV", source.SiteValue())
-        .Set("RY", measures.RentalYield)
-        .Set("NDV", project.NDV)
-        .Set("NPV", project.NPV())
-        .Set("RentalCover", CoverText(measures.RentalCover))
-        .Set("InterestCover", CoverText(measures.InterestCover))
+    table.Append();
+    for (const auto& [field, measure] : SummaryFigures) {
+        table.Set(field, MeasureInfo(measure).Figure(project));
+    }
+    table.Set("RentalCover", Text(source, MeasureInfo(TlotMeasure::RentalCover)))
+        .Set("InterestCover", Text(source, MeasureInfo(TlotMeasure::InterestCover)))
         .Set("Notes", project.Notes)
-        .Set("SiteValue", source.SiteValue())
         .Set("SiteCosts", project.GroupValue(project.SiteGroup))
         .Set("ConstructionCosts", project.GroupValue(project.ConstructionGroup) + source.BuildCost())
-        .Set("SalesCosts", project.GroupValue("Sales Costs"))
-        .Set("SaleValue", project.NDV)
-        .Set("TotalInterest", project.TotalInterest);
+        .Set("SalesCosts", project.GroupValue("Sales Costs"));
     SetDebtAndEquity(table, project);
 }
 
 void FillDynamicSummaryData(TlotTable& table, const TlotReportSource& source) {
     const TlotProject& project = source.Project;
-    const TlotBaseValues& measures = project.BaseValues;
-    if (measures.Profit == 0) {
+    if (project.BaseValues.Profit == 0) {
         return;
     }
-    const auto add = [&](bool shown, const char* description, std::string value) {
-        if (shown) {
-            table.Append().Set("Description", description).Set("Value", std::move(value));
+    for (const TlotMeasureInfo& measure : Measures()) {
+        if (measure.Show != nullptr && project.*measure.Show) {
+            table.Append().Set("Description", std::string(measure.Caption)).Set("Value", Text(source, measure));
         }
-    };
-    add(project.ShowProfitOnCost, "Profit On Cost", source.Percent(measures.ProfitOnCost));
-    add(project.ShowProfitOnGDV, "Profit On GDV", source.Percent(measures.ProfitOnGDV));
-    add(project.ShowProfitOnNDV, "Profit On NDV", source.Percent(measures.ProfitOnNDV));
-    add(project.ShowSiteValueOnGDV, "Site Value on GDV", source.Percent(measures.SiteValueOnGDV));
-    add(project.ShowRentalYield, "Rental Yield", source.Percent(measures.RentalYield));
-    add(project.ShowNPV, "NPV", source.Picture(",0", project.NPV()));
-    add(project.ShowIRR, "IRR", source.Percent(project.IRR()));
-    add(project.ShowRentalCover, "Rental Cover", CoverText(measures.RentalCover));
-    add(project.ShowInterestCover, "Interest Cover", CoverText(measures.InterestCover));
+    }
 }

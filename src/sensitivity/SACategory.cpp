@@ -2,13 +2,13 @@
 #include "sensitivity/SACategory.h"
 
 #include "common/vipErrors.h"
-#include "common/vipText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-/// More decimals than a real has; a setting out of a file may ask for any number.
+/// A real has no more decimals than these; a file may ask for any number of them.
 constexpr std::int32_t MostDecimals = 15;
 
 } // namespace
@@ -43,12 +43,6 @@ std::string TSACategory::Label(int index, const TNumberLocale& locale) const {
     return (delta > 0 ? "+" : "") + vip::FormatMask(mask, delta, locale);
 }
 
-int TSACategoryList::IndexOf(std::string_view name) const noexcept {
-    const auto found =
-        std::ranges::find_if(FItems, [&](const auto& category) { return vip::SameText(category->Name, name); });
-    return found == FItems.end() ? -1 : static_cast<int>(found - FItems.begin());
-}
-
 void TSAAxis::Apply() const {
     if (FCategory == nullptr) {
         return;
@@ -61,6 +55,19 @@ void TSAAxis::Apply() const {
     for (int item = 0; item < FCategory->Count(); ++item) {
         if (FCategory->Included(item)) {
             FCategory->Apply(item, step);
+        }
+    }
+}
+
+void ApplyPlaces(int first, int last, const TSAAxis& columns, const TSAAxis& rows) {
+    const TSAAxis* earlier = columns.StandsIn(first, last) ? &columns : nullptr;
+    const TSAAxis* later = rows.StandsIn(first, last) && rows.Category() != columns.Category() ? &rows : nullptr;
+    if (earlier != nullptr && later != nullptr && later->Category()->Place < earlier->Category()->Place) {
+        std::swap(earlier, later);
+    }
+    for (const TSAAxis* const axis : {earlier, later}) {
+        if (axis != nullptr) {
+            axis->Apply();
         }
     }
 }

@@ -4,13 +4,15 @@
 // category is a list of items, each with a value that can be kept, shifted and put back.
 #pragma once
 
+#include "common/lotOwningList.h"
 #include "common/vipNumber.h"
 #include "common/vipSADouble.h"
+#include "common/vipText.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// Whether a step may be an amount, a percentage of each value, or either.
@@ -18,7 +20,8 @@ enum class TSAModes : std::uint8_t { Amounts = 1, Percentage = 2, Both = 3 };
 
 class TSACategory {
 public:
-    explicit TSACategory(std::string name) : Name(std::move(name)) {}
+    /// `place`: where it stands in the order in which a calculation applies categories; no two of a model share one.
+    TSACategory(std::string name, int place) : Name(std::move(name)), Place(place) {}
     TSACategory(const TSACategory&) = delete;
     TSACategory& operator=(const TSACategory&) = delete;
     virtual ~TSACategory() = default;
@@ -30,8 +33,9 @@ public:
     bool PercentageStep = false; ///< Step is a percentage of each value.
     TSAModes Modes = TSAModes::Both;
     bool Whole = false;       ///< Shifted as a whole by ApplyAll, not item by item.
-    bool SecondWhole = false; ///< The same.
-    const std::string Name;   ///< The key by which a calculation knows it.
+    bool SecondWhole = false; ///< Has the effect of Whole.
+    const std::string Name;   ///< By which a person, a file and a script name it.
+    const int Place;
 
     /// Shifts one item to a step of its own stored value.
     virtual void Apply(int item, const vip::TSAStep& step) = 0;
@@ -47,11 +51,11 @@ public:
     /// The item's present value as text.
     [[nodiscard]] virtual std::string ItemValue(int item, const TNumberLocale& locale) const = 0;
 
-    /// Whether the item takes part; so does every item beyond those that were told.
+    /// Whether the item takes part, as does every item for which nothing was set.
     [[nodiscard]] bool Included(int item) const noexcept;
     /// Throws ELotError past the end.
     void SetIncluded(int item, bool included);
-    /// One element an item, all of them taking part.
+    /// Makes room for a setting for each item, and has all of them take part.
     void ResetIncluded();
 
     /// The step at that place of the axis.
@@ -63,23 +67,17 @@ private:
     std::vector<bool> FIncluded;
 };
 
-/// Categories in order, owned.
-class TSACategoryList {
+/// Objects with a Name, in order, owned.
+template <class T> class TSANamedList : public TlotOwningList<T> {
 public:
-    template <class T, class... Args> T& Add(Args&&... args) {
-        auto category = std::make_unique<T>(std::forward<Args>(args)...);
-        T& result = *category;
-        FItems.push_back(std::move(category));
-        return result;
-    }
-    [[nodiscard]] int Count() const noexcept { return static_cast<int>(FItems.size()); }
-    [[nodiscard]] TSACategory& operator[](int index) const { return *FItems.at(static_cast<std::size_t>(index)); }
+    using TlotOwningList<T>::IndexOf;
     /// Index of that name without regard to case, or -1.
-    [[nodiscard]] int IndexOf(std::string_view name) const noexcept;
-
-private:
-    std::vector<std::unique_ptr<TSACategory>> FItems;
+    [[nodiscard]] int IndexOf(std::string_view name) const {
+        return this->FindIf([&](const T& object) { return vip::SameText(object.Name, name); });
+    }
 };
+
+using TSACategoryList = TSANamedList<TSACategory>;
 
 /// A walk along one axis; it may have no category.
 class TSAAxis {
@@ -93,14 +91,18 @@ public:
     [[nodiscard]] bool More() const noexcept { return FCategory != nullptr && FIndex < FCategory->StepCount; }
     void Next() noexcept { ++FIndex; }
 
-    /// True if it has the category of that name.
-    [[nodiscard]] bool Has(std::string_view name) const noexcept {
-        return FCategory != nullptr && FCategory->Name == name;
+    /// Whether it has a category that stands at one of those places, both ends included.
+    [[nodiscard]] bool StandsIn(int first, int last) const noexcept {
+        return FCategory != nullptr && FCategory->Place >= first && FCategory->Place <= last;
     }
-    /// Shifts what takes part to the present place.
+    /// Shifts the items that take part to the step at which the walk is.
     void Apply() const;
 
 private:
     TSACategory* FCategory = nullptr; ///< Not owned.
     int FIndex = 0;
 };
+
+/// Applies those of the two axes whose categories stand at the places from `first` to `last`, in the order of their
+/// places. A category that is on both axes is applied once, from the columns.
+void ApplyPlaces(int first, int last, const TSAAxis& columns, const TSAAxis& rows);

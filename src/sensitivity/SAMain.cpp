@@ -8,18 +8,19 @@
 
 namespace {
 
-/// Steps of an axis beyond this make no table that anybody reads; a setting out of a file may ask for any number.
+/// A longer axis makes a table that nobody reads and that may fill the memory; a file may ask for any number of steps.
 constexpr std::int32_t MostSteps = 1000;
 
-/// Brackets a table: what was started and saved in it is put back and finished, in the order of a table's end, however
-/// it ends.
+/// Brackets a table: when it ends, also by an exception, each category saved in it is restored and then each
+/// calculation started in it is finished.
 class TBracket {
 public:
     explicit TBracket(std::vector<TSACalc*> calcs) : FCalcs(std::move(calcs)) {}
     TBracket(const TBracket&) = delete;
     TBracket& operator=(const TBracket&) = delete;
     ~TBracket() {
-        // Only after an exception: a second one on the way out has nothing to add to the first.
+        // There is something left to close only where an exception is on its way to whoever reports it; a second one,
+        // from putting back, would end the program.
         try {
             Close();
         } catch (...) { // NOLINT(bugprone-empty-catch)
@@ -62,15 +63,35 @@ void CheckSteps(const TSACategory& category) {
 } // namespace
 
 void TSAModel::Refresh() {
-    FFirstAxis = SelectedCategories.empty() ? nullptr : SelectedCategories[0];
-    FSecondAxis = SelectedCategories.size() < 2 ? nullptr : SelectedCategories[1];
-    if (SwapXY && FFirstAxis != nullptr && FSecondAxis != nullptr) {
-        std::swap(FFirstAxis, FSecondAxis);
+    FRows = SelectedCategories.empty() ? nullptr : SelectedCategories[0];
+    FColumns = SelectedCategories.size() < 2 ? nullptr : SelectedCategories[1];
+    if (SwapXY && FRows != nullptr && FColumns != nullptr) {
+        std::swap(FRows, FColumns);
     }
-    for (TSACategory* const category : {FFirstAxis, FSecondAxis}) {
+    for (TSACategory* const category : {FRows, FColumns}) {
         if (category != nullptr) {
             category->Prepare();
         }
+    }
+}
+
+void TSAModel::CheckOrder(std::span<const std::string_view> told) const {
+    const TSACategory* before = nullptr;
+    int checked = 0;
+    for (const std::string_view name : told) {
+        const int index = Categories.IndexOf(name);
+        if (index < 0) {
+            continue;
+        }
+        const TSACategory& category = Categories[index];
+        if (before != nullptr && category.Place <= before->Place) {
+            throw ELotError(category.Name + " must be applied after " + before->Name);
+        }
+        before = &category;
+        ++checked;
+    }
+    if (checked != Categories.Count()) {
+        throw ELotError("A category has no place in the order of application");
     }
 }
 
@@ -78,29 +99,29 @@ void TSAModel::Calculate(TSAPage& page) {
     page.Cells.clear();
     page.RowLabels.clear();
     page.ColumnLabels.clear();
-    if (FFirstAxis != nullptr && FSecondAxis != nullptr) {
+    if (FRows != nullptr && FColumns != nullptr) {
         CalculateTwoAxes(page);
-    } else if (FFirstAxis != nullptr) {
+    } else if (FRows != nullptr) {
         CalculateOneAxis(page);
     }
 }
 
 void TSAModel::CalculateTwoAxes(TSAPage& page) {
-    CheckSteps(*FFirstAxis);
-    CheckSteps(*FSecondAxis);
-    page.RowTitle = FFirstAxis->Name;
-    page.ColumnTitle = FSecondAxis->Name;
-    page.RowLabels = Labels(*FFirstAxis);
-    page.ColumnLabels = Labels(*FSecondAxis);
+    CheckSteps(*FRows);
+    CheckSteps(*FColumns);
+    page.RowTitle = FRows->Name;
+    page.ColumnTitle = FColumns->Name;
+    page.RowLabels = Labels(*FRows);
+    page.ColumnLabels = Labels(*FColumns);
     TBracket bracket(SelectedCalcs());
     bracket.Start();
-    bracket.Save(*FFirstAxis);
-    bracket.Save(*FSecondAxis);
+    bracket.Save(*FRows);
+    bracket.Save(*FColumns);
     page.ResultTitle = ResultNames();
-    page.RowsStepped = FFirstAxis->Step != 0;
-    page.ColumnsStepped = FSecondAxis->Step != 0;
-    TSAAxis rows(FFirstAxis);
-    TSAAxis columns(FSecondAxis);
+    page.RowsStepped = FRows->Step != 0;
+    page.ColumnsStepped = FColumns->Step != 0;
+    TSAAxis rows(FRows);
+    TSAAxis columns(FColumns);
     for (rows.Reset(); rows.More(); rows.Next()) {
         std::vector<std::string>& cells = page.Cells.emplace_back();
         for (columns.Reset(); columns.More(); columns.Next()) {
@@ -112,20 +133,20 @@ void TSAModel::CalculateTwoAxes(TSAPage& page) {
 }
 
 void TSAModel::CalculateOneAxis(TSAPage& page) {
-    CheckSteps(*FFirstAxis);
+    CheckSteps(*FRows);
     TBracket bracket(SelectedCalcs());
-    bracket.Save(*FFirstAxis);
+    bracket.Save(*FRows);
     bracket.Start();
-    // Set and never cleared here: a page that is used again keeps it.
-    page.RowsStepped = page.RowsStepped || FFirstAxis->Step != 0;
+    // Not cleared for a step of 0: a page that is computed again keeps the flag of its earlier tables.
+    page.RowsStepped = page.RowsStepped || FRows->Step != 0;
     page.ResultTitle.clear();
-    page.RowTitle = FFirstAxis->Name;
-    page.RowLabels = Labels(*FFirstAxis);
+    page.RowTitle = FRows->Name;
+    page.RowLabels = Labels(*FRows);
     for (const TSAResult* const result : SelectedResults) {
         page.ColumnLabels.push_back(result->Name);
     }
     const TSAAxis none(nullptr);
-    TSAAxis rows(FFirstAxis);
+    TSAAxis rows(FRows);
     for (rows.Reset(); rows.More(); rows.Next()) {
         ComputeCell(none, rows);
         std::vector<std::string>& cells = page.Cells.emplace_back();
@@ -139,9 +160,9 @@ void TSAModel::CalculateOneAxis(TSAPage& page) {
 void TSAModel::Scenario(int rowIndex, int columnIndex, const std::function<void()>& command) {
     TBracket bracket(SelectedCalcs());
     bracket.Start();
-    TSAAxis rows(FFirstAxis);
-    TSAAxis columns(FSecondAxis);
-    for (TSACategory* const category : {FFirstAxis, FSecondAxis}) {
+    TSAAxis rows(FRows);
+    TSAAxis columns(FColumns);
+    for (TSACategory* const category : {FRows, FColumns}) {
         if (category != nullptr) {
             bracket.Save(*category);
         }
@@ -153,12 +174,12 @@ void TSAModel::Scenario(int rowIndex, int columnIndex, const std::function<void(
     bracket.Close();
 }
 
-void TSAModel::ComputeCell(const TSAAxis& axis1, const TSAAxis& axis2) {
+void TSAModel::ComputeCell(const TSAAxis& columns, const TSAAxis& rows) {
     for (TSACalc* const calc : SelectedCalcs()) {
-        calc->Calculate(axis1, axis2);
+        calc->Calculate(columns, rows);
     }
     for (TSAResult* const result : SelectedResults) {
-        result->Compute(axis1, axis2);
+        result->Compute(columns, rows);
     }
 }
 
@@ -188,10 +209,10 @@ std::string TSAModel::ResultNames() const {
     return names;
 }
 
-std::string TSAModel::JoinedTexts(const TSAAxis& axis1, const TSAAxis& axis2) const {
+std::string TSAModel::JoinedTexts(const TSAAxis& columns, const TSAAxis& rows) const {
     std::string text;
     for (const TSAResult* const result : SelectedResults) {
-        text += (result == SelectedResults.front() ? "" : "\r\n") + result->Text(axis1, axis2, Locale);
+        text += (result == SelectedResults.front() ? "" : "\r\n") + result->Text(columns, rows, Locale);
     }
     return text;
 }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The root of a sensitivity model and the tables that it computes. Every cell is a scenario on the live model: values
-// are kept, shifted, computed with and put back. Whatever happens in a table, an exception included, the model is put
-// back.
+// are kept, shifted, computed with and put back. The model is put back after an exception too.
 #pragma once
 
 #include "common/gxCommands.h"
@@ -11,8 +10,9 @@
 #include "sensitivity/SAResult.h"
 
 #include <functional>
-#include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// One table of text.
@@ -41,7 +41,7 @@ public:
     TSACategoryList Categories;
     TSAResultList Results;
     TSASelectedResults SelectedResults;
-    std::vector<TSACategory*> SelectedCategories; ///< Not owned; the first two take part.
+    std::vector<TSACategory*> SelectedCategories; ///< Not owned; the first two take part: rows, then columns.
     bool SwapXY = false;
     std::string Description;
     bool ShowAdjustAll = false;
@@ -51,32 +51,39 @@ public:
     [[nodiscard]] virtual std::string ReportText1() const { return {}; }
     [[nodiscard]] virtual std::string ReportText2() const { return {}; }
 
-    [[nodiscard]] TSACategory* FirstAxis() const noexcept { return FFirstAxis; }
-    [[nodiscard]] TSACategory* SecondAxis() const noexcept { return FSecondAxis; }
+    /// The category of each axis as of the last Refresh, or null. A table of one axis has rows only.
+    [[nodiscard]] TSACategory* Rows() const noexcept { return FRows; }
+    [[nodiscard]] TSACategory* Columns() const noexcept { return FColumns; }
 
-    /// Takes the axes from the selection, exchanged with SwapXY, and has the selected categories list their items.
+    /// Takes rows and columns from the selection, exchanged with SwapXY where there are both, and has the two
+    /// categories list their items.
     void Refresh();
 
-    /// Computes the table of the selection: with two axes rows for the first and columns for the second, each cell the
-    /// selected results' texts on lines of their own; with one axis rows for it and a column a result. No axis gives an
-    /// empty page. Throws ELotError for an axis of more steps than a table can show.
+    /// Computes the table of the selection: with two axes each cell has the selected results' texts on lines of their
+    /// own; with rows only there is a column a result. No axis gives an empty page. Throws ELotError for an axis of
+    /// more steps than a table can show.
     void Calculate(TSAPage& page);
 
-    /// Puts the model into the scenario of one cell (of one row, with one axis), runs `command` and puts it back.
+    /// Puts the model into the scenario of one cell (of one row, with rows only), runs `command` and puts it back.
     void Scenario(int rowIndex, int columnIndex, const std::function<void()>& command);
 
 protected:
-    std::vector<std::unique_ptr<TSACalc>> Calcs; ///< Owned; results refer to them.
+    /// Checks that the places of the categories follow the order in which a scenario must apply them, given by name; a
+    /// name that the model has no category of is passed over. Throws ELotError for a category that isn't told, or that
+    /// doesn't stand after the one told before it, as two at one place don't.
+    void CheckOrder(std::span<const std::string_view> told) const;
+
+    TlotOwningList<TSACalc> Calcs; ///< Results refer to them.
 
 private:
     void CalculateTwoAxes(TSAPage& page);
     void CalculateOneAxis(TSAPage& page);
-    void ComputeCell(const TSAAxis& axis1, const TSAAxis& axis2);
+    void ComputeCell(const TSAAxis& columns, const TSAAxis& rows);
     [[nodiscard]] std::vector<TSACalc*> SelectedCalcs() const;
     [[nodiscard]] std::vector<std::string> Labels(const TSACategory& category) const;
     [[nodiscard]] std::string ResultNames() const;
-    [[nodiscard]] std::string JoinedTexts(const TSAAxis& axis1, const TSAAxis& axis2) const;
+    [[nodiscard]] std::string JoinedTexts(const TSAAxis& columns, const TSAAxis& rows) const;
 
-    TSACategory* FFirstAxis = nullptr;
-    TSACategory* FSecondAxis = nullptr;
+    TSACategory* FRows = nullptr; ///< Not owned, as the columns.
+    TSACategory* FColumns = nullptr;
 };

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sensitivity/SAResult.h"
 
-#include "common/vipText.h"
-
 #include <algorithm>
 
 std::string TSAResult::Format(double value, const TNumberLocale& locale) const {
@@ -13,10 +11,4 @@ std::string TSAResult::Format(double value, const TNumberLocale& locale) const {
         mask += '%';
     }
     return vip::FormatMask(mask, value, locale);
-}
-
-int TSAResultList::IndexOf(std::string_view name) const noexcept {
-    const auto found =
-        std::ranges::find_if(FItems, [&](const auto& result) { return vip::SameText(result->Name, name); });
-    return found == FItems.end() ? -1 : static_cast<int>(found - FItems.begin());
 }

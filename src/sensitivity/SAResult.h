@@ -7,9 +7,8 @@
 #include "sensitivity/SACategory.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 class TSACalc {
@@ -19,9 +18,10 @@ public:
     TSACalc& operator=(const TSACalc&) = delete;
     virtual ~TSACalc() = default;
 
-    /// Computes the scenario at which the two axes stand; an axis may have no category.
-    virtual void Calculate(const TSAAxis& axis1, const TSAAxis& axis2) = 0;
-    /// Before a table, and after it, whatever happened in it.
+    /// Computes the scenario at which the two axes stand. An axis may have no category; a table of one axis has rows
+    /// only.
+    virtual void Calculate(const TSAAxis& columns, const TSAAxis& rows) = 0;
+    /// Before a table, and after it, whether it was finished or failed.
     virtual void Start() = 0;
     virtual void Finish() = 0;
 };
@@ -41,9 +41,9 @@ public:
     [[nodiscard]] TSACalc& Calc() const noexcept { return FCalc; }
 
     /// The figure as text.
-    [[nodiscard]] virtual std::string Text(const TSAAxis& axis1, const TSAAxis& axis2,
+    [[nodiscard]] virtual std::string Text(const TSAAxis& columns, const TSAAxis& rows,
                                            const TNumberLocale& locale) const = 0;
-    virtual void Compute(const TSAAxis& /*axis1*/, const TSAAxis& /*axis2*/) {}
+    virtual void Compute(const TSAAxis& /*columns*/, const TSAAxis& /*rows*/) {}
 
 protected:
     /// A figure by the result's decimals.
@@ -56,20 +56,4 @@ private:
 /// Results in order, not owned.
 using TSASelectedResults = std::vector<TSAResult*>;
 
-/// Results in order, owned.
-class TSAResultList {
-public:
-    template <class T, class... Args> T& Add(Args&&... args) {
-        auto result = std::make_unique<T>(std::forward<Args>(args)...);
-        T& added = *result;
-        FItems.push_back(std::move(result));
-        return added;
-    }
-    [[nodiscard]] int Count() const noexcept { return static_cast<int>(FItems.size()); }
-    [[nodiscard]] TSAResult& operator[](int index) const { return *FItems.at(static_cast<std::size_t>(index)); }
-    /// Index of that name without regard to case, or -1.
-    [[nodiscard]] int IndexOf(std::string_view name) const noexcept;
-
-private:
-    std::vector<std::unique_ptr<TSAResult>> FItems;
-};
+using TSAResultList = TSANamedList<TSAResult>;

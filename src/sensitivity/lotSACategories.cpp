@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sensitivity/lotSACategories.h"
 
-#include <algorithm>
+#include <string_view>
 
 void TlotSAUnitFigureCategory::Save() {
     for (const auto& unit : Project().Units) {
@@ -49,7 +49,7 @@ void TlotSAERVRateCategory::Save() {
 void TlotSAERVRateCategory::Restore() {
     for (std::size_t u = 0; u < FValues.size(); ++u) {
         TlotAreaSchedule& areas = Project().Units[static_cast<int>(u)].Areas;
-        // Locked, since each figure goes back as it was and none is to follow another.
+        // Locked: the rates that follow the Zone A rate would be computed from it while each is put back as it was.
         areas.Lock();
         for (std::size_t a = 0; a < FValues[u].size(); ++a) {
             TlotArea& area = areas[static_cast<int>(a)];
@@ -67,111 +67,125 @@ std::string TlotSAERVRateCategory::ItemValue(int item, const TNumberLocale& loca
 
 void TlotSAInterestRateCategory::Apply(int item, const vip::TSAStep& step) {
     if (item == 0) {
-        FProject.Equity.ApplySensitivity(step);
+        Project().Equity.ApplySensitivity(step);
     } else {
-        FProject.Funding.Loans[item - 1].ApplySensitivity(step);
+        Project().Funding.Loans[item - 1].ApplySensitivity(step);
     }
 }
 
 void TlotSAInterestRateCategory::Save() {
-    FProject.Equity.SaveRates();
-    for (const auto& loan : FProject.Funding.Loans) {
+    Project().Equity.SaveRates();
+    for (const auto& loan : Project().Funding.Loans) {
         loan->SaveRates();
     }
 }
 
 void TlotSAInterestRateCategory::Restore() {
-    FProject.Equity.RestoreRates();
-    for (const auto& loan : FProject.Funding.Loans) {
+    Project().Equity.RestoreRates();
+    for (const auto& loan : Project().Funding.Loans) {
         loan->RestoreRates();
     }
 }
 
 std::string TlotSAInterestRateCategory::ItemName(int item) const {
-    return item == 0 ? "Equity" : FProject.Funding.Loans[item - 1].Name;
+    return item == 0 ? "Equity" : Project().Funding.Loans[item - 1].Name;
 }
 
 std::string TlotSAInterestRateCategory::ItemValue(int item, const TNumberLocale& locale) const {
     const double rate =
-        item == 0 ? FProject.Equity.InterestRate.Value : FProject.Funding.Loans[item - 1].InterestRate.Value;
-    const bool variable = item == 0 ? FProject.Equity.VariableRate : FProject.Funding.Loans[item - 1].VariableRate;
+        item == 0 ? Project().Equity.InterestRate.Value : Project().Funding.Loans[item - 1].InterestRate.Value;
+    const bool variable = item == 0 ? Project().Equity.VariableRate : Project().Funding.Loans[item - 1].VariableRate;
     return vip::FormatMask("0.000%", rate, locale) + (variable ? " variable" : "");
 }
 
 void TlotSACostCategory::Apply(int item, const vip::TSAStep& step) {
-    TlotItem& cost = Item(item);
-    vip::TSAStep own = step;
-    own.Percentage = !cost.Percentage;
-    cost.Amount.Apply(own);
+    if (TlotItem* const cost = Living(item)) {
+        vip::TSAStep own = step;
+        own.Percentage = !cost->Percentage;
+        cost->Amount.Apply(own);
+    }
 }
 
 void TlotSACostCategory::Prepare() {
     FItems.clear();
-    TlotProjectItemIterator items = FProject.NewItemIterator();
+    TlotProjectItemIterator items = Project().NewItemIterator();
     for (items.First(); !items.IsDone(); items.Next()) {
-        if (items.CurrentItem().Amount.Value != 0) {
-            FItems.push_back(&items.CurrentItem());
+        TlotItem& item = items.CurrentItem();
+        if (item.Amount.Value != 0) {
+            FItems.emplace_back(item, item.Lifetime);
         }
     }
 }
 
 void TlotSACostCategory::Save() {
-    for (TlotItem* const item : FItems) {
-        item->Amount.Save();
+    for (const TlotWatch<TlotItem>& watched : FItems) {
+        if (TlotItem* const item = watched.Get()) {
+            item->Amount.Save();
+        }
     }
 }
 
 void TlotSACostCategory::Restore() {
-    for (TlotItem* const item : FItems) {
-        item->Amount.Restore();
+    for (const TlotWatch<TlotItem>& watched : FItems) {
+        if (TlotItem* const item = watched.Get()) {
+            item->Amount.Restore();
+        }
     }
 }
 
+std::string TlotSACostCategory::ItemName(int item) const {
+    const TlotItem* const cost = Living(item);
+    return cost == nullptr ? std::string() : cost->Name;
+}
+
 std::string TlotSACostCategory::ItemValue(int item, const TNumberLocale& locale) const {
-    return vip::FormatMask(Item(item).Percentage ? "0.000%" : ",0", Item(item).Amount.Value, locale);
+    const TlotItem* const cost = Living(item);
+    return cost == nullptr ? std::string()
+                           : vip::FormatMask(cost->Percentage ? "0.000%" : ",0", cost->Amount.Value, locale);
 }
 
 void TlotSASiteValueCategory::Apply(int /*item*/, const vip::TSAStep& step) {
     FSiteValue.Apply(step);
-    FProject.BaseValues.SiteValue.Amount = FSiteValue.Value;
+    Project().BaseValues.SiteValue.Amount = FSiteValue.Value;
 }
 
 void TlotSASiteValueCategory::Save() {
-    FSiteValue.Value = FProject.BaseValues.SiteValue.Amount;
+    FSiteValue.Value = Project().BaseValues.SiteValue.Amount;
     FSiteValue.Save();
 }
 
 void TlotSASiteValueCategory::Restore() {
-    FProject.BaseValues.SiteValue.Amount = FSiteValue.Stored;
+    Project().BaseValues.SiteValue.Amount = FSiteValue.Stored;
 }
 
 std::string TlotSASiteValueCategory::ItemValue(int /*item*/, const TNumberLocale& locale) const {
-    return vip::FormatMask(",0", FProject.BaseValues.SiteValue.Amount, locale);
+    return vip::FormatMask(",0", Project().BaseValues.SiteValue.Amount, locale);
 }
 
 void TlotSAProfitOnCostCategory::Apply(int /*item*/, const vip::TSAStep& step) {
     constexpr double fixedRange = 1'000'000'000;
+    const std::string_view keyword = MeasureInfo(TlotMeasure::ProfitOnCost).Keyword;
     constexpr auto scope = TlotPassScope::FromClearing;
     const double target = step.ValueAt(FProfitOnCost);
     const double answer = FSearch == TSearch::AsProject
-                              ? FProject.SolveSiteValue("PROFITONCOST", target, scope)
-                              : FProject.SolveSiteValueWithin("PROFITONCOST", target, fixedRange, scope);
-    FProject.BaseValues.SiteValue.Amount = answer;
+                              ? Project().SolveSiteValue(keyword, target, scope)
+                              : Project().SolveSiteValueWithin(keyword, target, fixedRange, scope);
+    Project().BaseValues.SiteValue.Amount = answer;
     if (answer == 0) {
-        FProject.CalculateFromClearing();
+        Project().CalculateFromClearing();
     }
 }
 
 void TlotSAProfitOnCostCategory::Save() {
     const TNumberLocale plain;
-    FProfitOnCost = vip::StrToNumber(vip::FormatMask("0.000", FProject.BaseValues.ProfitOnCost, plain), plain);
-    FSiteValue = FProject.BaseValues.SiteValue.Amount;
+    FProfitOnCost = vip::StrToNumber(vip::FormatMask("0.000", Project().BaseValues.ProfitOnCost, plain), plain);
+    FSiteValue = Project().BaseValues.SiteValue.Amount;
 }
 
 void TlotSAProfitOnCostCategory::Restore() {
-    FProject.BaseValues.SiteValue.Amount = FSiteValue;
+    Project().BaseValues.SiteValue.Amount = FSiteValue;
 }
 
 std::string TlotSAProfitOnCostCategory::ItemValue(int /*item*/, const TNumberLocale& locale) const {
-    return vip::FormatMask("0.000%", FProject.BaseValues.ProfitOnCost, locale);
+    return vip::FormatMask("0.000%", Project().BaseValues.ProfitOnCost, locale);
 }

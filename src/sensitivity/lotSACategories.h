@@ -1,21 +1,41 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What can be varied of a project. Each category works on the live project, which must outlive it; Save and Restore run
-// over all its items, whether they take part or not.
+// What can be varied of a project. Each category works on the live project; Save and Restore run over all its items,
+// whether they take part or not.
 #pragma once
 
-#include "model/lotProject.h"
+#include "common/lotLifetime.h"
+#include "model/lotMeasures.h"
 #include "sensitivity/SACategory.h"
 
+#include <cstddef>
+#include <string>
+#include <utility>
 #include <vector>
 
-/// A figure of each unit.
-class TlotSAUnitCategory : public TSACategory {
-public:
-    TlotSAUnitCategory(std::string name, TlotProject& project) : TSACategory(std::move(name)), FProject(project) {}
+/// The order in which a scenario applies categories: each stage of the calculation reads what was shifted before it,
+/// and of two shifts of one figure, as of ERV by itself and by ERV Rate, the later one holds.
+enum class TlotSAPlace : int {
+    // Between the units' rents and their capital values.
+    ERV,
+    ERVRate,
+    Yield,
+    // Between the capital values and the rest of the pass.
+    SaleValue,
+    BuildRate,
+    Costs,
+    BuildArea,
+    InterestRate,
+    SiteValue,
+    // After the pass.
+    ProfitOnCost,
+};
 
-    [[nodiscard]] int Count() const override { return FProject.Units.Count(); }
-    [[nodiscard]] std::string ItemName(int item) const override { return FProject.Units[item].Name; }
+/// A category of a project, which must outlive it.
+class TlotSAProjectCategory : public TSACategory {
+public:
+    TlotSAProjectCategory(std::string name, TlotSAPlace place, TlotProject& project)
+        : TSACategory(std::move(name), static_cast<int>(place)), FProject(project) {}
 
 protected:
     [[nodiscard]] TlotProject& Project() const noexcept { return FProject; }
@@ -24,11 +44,21 @@ private:
     TlotProject& FProject;
 };
 
+/// A figure of each unit.
+class TlotSAUnitCategory : public TlotSAProjectCategory {
+public:
+    using TlotSAProjectCategory::TlotSAProjectCategory;
+
+    [[nodiscard]] int Count() const override { return Project().Units.Count(); }
+    [[nodiscard]] std::string ItemName(int item) const override { return Project().Units[item].Name; }
+};
+
 /// One of a unit's figures that stand for themselves: build rate, build area, sale value, ERV, yield.
 class TlotSAUnitFigureCategory final : public TlotSAUnitCategory {
 public:
-    TlotSAUnitFigureCategory(std::string name, TlotProject& project, TlotSADouble TlotUnit::*figure, std::string mask)
-        : TlotSAUnitCategory(std::move(name), project), FFigure(figure), FMask(std::move(mask)) {}
+    TlotSAUnitFigureCategory(std::string name, TlotSAPlace place, TlotProject& project, TlotSADouble TlotUnit::*figure,
+                             std::string mask)
+        : TlotSAUnitCategory(std::move(name), place, project), FFigure(figure), FMask(std::move(mask)) {}
 
     void Apply(int item, const vip::TSAStep& step) override { (Project().Units[item].*FFigure).Apply(step); }
     void Save() override;
@@ -55,78 +85,79 @@ private:
 };
 
 /// The equity's debit rate, then each loan's, fixed and by month.
-class TlotSAInterestRateCategory final : public TSACategory {
+class TlotSAInterestRateCategory final : public TlotSAProjectCategory {
 public:
-    TlotSAInterestRateCategory(std::string name, TlotProject& project)
-        : TSACategory(std::move(name)), FProject(project) {}
+    using TlotSAProjectCategory::TlotSAProjectCategory;
 
     void Apply(int item, const vip::TSAStep& step) override;
     void Save() override;
     void Restore() override;
-    [[nodiscard]] int Count() const override { return FProject.Funding.Loans.Count() + 1; }
+    [[nodiscard]] int Count() const override { return Project().Funding.Loans.Count() + 1; }
     [[nodiscard]] std::string ItemName(int item) const override;
     [[nodiscard]] std::string ItemValue(int item, const TNumberLocale& locale) const override;
-
-private:
-    TlotProject& FProject;
 };
 
 /// The cost and income items that have an amount. The step of a percentage item is an amount (of percentage points), of
 /// any other a percentage, whatever the category's own flag.
-class TlotSACostCategory final : public TSACategory {
+///
+/// The list of items is that of the last Prepare, so that the numbers of items keep their meaning. An item that has
+/// been deleted since then has neither name nor value, and nothing happens to it.
+class TlotSACostCategory final : public TlotSAProjectCategory {
 public:
-    TlotSACostCategory(std::string name, TlotProject& project) : TSACategory(std::move(name)), FProject(project) {}
+    using TlotSAProjectCategory::TlotSAProjectCategory;
 
     void Apply(int item, const vip::TSAStep& step) override;
     void Prepare() override;
     void Save() override;
     void Restore() override;
     [[nodiscard]] int Count() const override { return static_cast<int>(FItems.size()); }
-    [[nodiscard]] std::string ItemName(int item) const override { return Item(item).Name; }
+    [[nodiscard]] std::string ItemName(int item) const override;
     [[nodiscard]] std::string ItemValue(int item, const TNumberLocale& locale) const override;
 
 private:
-    [[nodiscard]] TlotItem& Item(int item) const { return *FItems.at(static_cast<std::size_t>(item)); }
+    /// The item, or null if it is gone.
+    [[nodiscard]] TlotItem* Living(int item) const { return FItems.at(static_cast<std::size_t>(item)).Get(); }
 
-    TlotProject& FProject;
-    std::vector<TlotItem*> FItems; ///< Not owned; of the last Prepare.
+    std::vector<TlotWatch<TlotItem>> FItems;
 };
 
-class TlotSASiteValueCategory final : public TSACategory {
+class TlotSASiteValueCategory final : public TlotSAProjectCategory {
 public:
-    TlotSASiteValueCategory(std::string name, TlotProject& project) : TSACategory(std::move(name)), FProject(project) {}
+    using TlotSAProjectCategory::TlotSAProjectCategory;
 
     void Apply(int item, const vip::TSAStep& step) override;
     void Save() override;
     void Restore() override;
     [[nodiscard]] int Count() const override { return 1; }
-    [[nodiscard]] std::string ItemName(int /*item*/) const override { return "Site Value"; }
+    [[nodiscard]] std::string ItemName(int /*item*/) const override {
+        return std::string(MeasureInfo(TlotMeasure::SiteValue).Caption);
+    }
     [[nodiscard]] std::string ItemValue(int item, const TNumberLocale& locale) const override;
 
 private:
-    TlotProject& FProject;
     TSADouble FSiteValue;
 };
 
-/// Turns the table round: a wanted profit on cost, from which each scenario solves its site value. A search that finds
-/// nothing leaves a site value of 0, computed.
-class TlotSAProfitOnCostCategory final : public TSACategory {
+/// Inverts the table: what is stepped is the profit on cost that is wanted, and each scenario solves the site value
+/// that leaves it. Where a search finds none, the scenario is computed with a site value of 0.
+class TlotSAProfitOnCostCategory final : public TlotSAProjectCategory {
 public:
-    /// Where a search looks: as the project's own does, or up to a fixed bound with no second stage.
+    /// In which range a search looks: the project's own ranges, or from 0 to a fixed bound and nowhere else.
     enum class TSearch : bool { AsProject, FixedRange };
 
-    TlotSAProfitOnCostCategory(std::string name, TlotProject& project, TSearch search)
-        : TSACategory(std::move(name)), FProject(project), FSearch(search) {}
+    TlotSAProfitOnCostCategory(std::string name, TlotSAPlace place, TlotProject& project, TSearch search)
+        : TlotSAProjectCategory(std::move(name), place, project), FSearch(search) {}
 
     void Apply(int item, const vip::TSAStep& step) override;
     void Save() override;
     void Restore() override;
     [[nodiscard]] int Count() const override { return 1; }
-    [[nodiscard]] std::string ItemName(int /*item*/) const override { return "Profit On Cost"; }
+    [[nodiscard]] std::string ItemName(int /*item*/) const override {
+        return std::string(MeasureInfo(TlotMeasure::ProfitOnCost).Caption);
+    }
     [[nodiscard]] std::string ItemValue(int item, const TNumberLocale& locale) const override;
 
 private:
-    TlotProject& FProject;
     TSearch FSearch;
     double FProfitOnCost = 0; ///< Percent, to three places.
     double FSiteValue = 0;

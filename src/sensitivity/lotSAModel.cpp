@@ -4,21 +4,16 @@
 #include "sensitivity/lotSACategories.h"
 
 #include <array>
+#include <initializer_list>
+#include <string_view>
+#include <utility>
 
 namespace {
 
-constexpr std::array<std::string_view, 3> BeforeCapitalisation = {"ERV", "ERV Rate", "Yield"};
-constexpr std::array<std::string_view, 6> BeforeThePass = {"Sale Value", "Build Rate",    "Costs",
-                                                           "Build Area", "Interest Rate", "Site Value"};
-
-/// Applies the first of the two axes that has the category of that name.
-void ApplyNamed(std::string_view name, const TSAAxis& axis1, const TSAAxis& axis2) {
-    if (axis1.Has(name)) {
-        axis1.Apply();
-    } else if (axis2.Has(name)) {
-        axis2.Apply();
-    }
-}
+/// The names of the categories in the order of their places.
+constexpr std::array<std::string_view, 10> ToldOrder = {"ERV",        "ERV Rate",      "Yield",      "Sale Value",
+                                                        "Build Rate", "Costs",         "Build Area", "Interest Rate",
+                                                        "Site Value", "Profit On Cost"};
 
 void SetLabel(TSACategory& category, std::int32_t decimals, bool thousands) {
     category.Decimals = decimals;
@@ -27,42 +22,50 @@ void SetLabel(TSACategory& category, std::int32_t decimals, bool thousands) {
 
 void AddUnitCategories(TSAModel& model, TlotProject& project) {
     auto& list = model.Categories;
-    const auto add = [&](const char* name, TlotSADouble TlotUnit::*figure, const char* mask) -> TSACategory& {
-        return list.Add<TlotSAUnitFigureCategory>(name, project, figure, mask);
+    const auto add = [&](const char* name, TlotSAPlace place, TlotSADouble TlotUnit::*figure,
+                         const char* mask) -> TSACategory& {
+        return list.Add<TlotSAUnitFigureCategory>(name, place, project, figure, mask);
     };
-    TSACategory& buildRate = add("Build Rate", &TlotUnit::BuildRate, "0.00");
+    TSACategory& buildRate = add("Build Rate", TlotSAPlace::BuildRate, &TlotUnit::BuildRate, "0.00");
     SetLabel(buildRate, 2, false);
     buildRate.Step = 5;
-    SetLabel(add("Build Area", &TlotUnit::BuildArea, ",0"), 0, true);
-    SetLabel(add("Sale Value", &TlotUnit::NetSale, ",0"), 0, true);
-    SetLabel(add("ERV", &TlotUnit::ERV, ",0"), 0, true);
-    SetLabel(list.Add<TlotSAERVRateCategory>("ERV Rate", project), 2, false);
-    TSACategory& yield = add("Yield", &TlotUnit::Yield, "0.000%");
+    SetLabel(add("Build Area", TlotSAPlace::BuildArea, &TlotUnit::BuildArea, ",0"), 0, true);
+    SetLabel(add("Sale Value", TlotSAPlace::SaleValue, &TlotUnit::NetSale, ",0"), 0, true);
+    SetLabel(add("ERV", TlotSAPlace::ERV, &TlotUnit::ERV, ",0"), 0, true);
+    SetLabel(list.Add<TlotSAERVRateCategory>("ERV Rate", TlotSAPlace::ERVRate, project), 2, false);
+    TSACategory& yield = add("Yield", TlotSAPlace::Yield, &TlotUnit::Yield, "0.000%");
     SetLabel(yield, 3, false);
     yield.Modes = TSAModes::Amounts;
     yield.Step = 0.1;
-    TSACategory& interest = list.Add<TlotSAInterestRateCategory>("Interest Rate", project);
+    TSACategory& interest = list.Add<TlotSAInterestRateCategory>("Interest Rate", TlotSAPlace::InterestRate, project);
     SetLabel(interest, 3, false);
     interest.Modes = TSAModes::Amounts;
 }
 
+void AddCosts(TSAModel& model, TlotProject& project) {
+    TSACategory& costs = model.Categories.Add<TlotSACostCategory>("Costs", TlotSAPlace::Costs, project);
+    SetLabel(costs, 3, false);
+    costs.Modes = TSAModes::Percentage;
+    costs.PercentageStep = true;
+}
+
 void AddSiteCategories(TSAModel& model, TlotProject& project, TlotSAProfitOnCostCategory::TSearch search) {
-    SetLabel(model.Categories.Add<TlotSASiteValueCategory>("Site Value", project), 0, true);
-    TSACategory& profit = model.Categories.Add<TlotSAProfitOnCostCategory>("Profit On Cost", project, search);
+    auto& list = model.Categories;
+    SetLabel(list.Add<TlotSASiteValueCategory>("Site Value", TlotSAPlace::SiteValue, project), 0, true);
+    TSACategory& profit =
+        list.Add<TlotSAProfitOnCostCategory>("Profit On Cost", TlotSAPlace::ProfitOnCost, project, search);
     SetLabel(profit, 3, false);
     profit.Modes = TSAModes::Amounts;
 }
 
-void AddProfitResults(TSAModel& model, TlotProject& project, TSACalc& calc) {
-    const TlotBaseValues& b = project.BaseValues;
-    const auto percent = [&](const char* name, const double& figure) {
-        model.Results.Add<TlotSAResultProject>(name, calc, 3, true, figure);
-    };
-    percent("Profit On Cost", b.ProfitOnCost);
-    percent("Profit On GDV", b.ProfitOnGDV);
-    percent("Profit On NDV", b.ProfitOnNDV);
-    percent("Rental Yield", b.RentalYield);
-    model.Results.Add<TlotSAResultProject>("Net Profit", calc, 0, false, b.Profit);
+void AddResults(TSAModel& model, TSACalc& calc, const TlotProject& project,
+                std::initializer_list<TlotMeasure> measures) {
+    for (const TlotMeasure measure : measures) {
+        const TlotMeasureInfo& info = MeasureInfo(measure);
+        // Files know this one by another name than reports.
+        const std::string_view name = measure == TlotMeasure::Profit ? "Net Profit" : info.Caption;
+        model.Results.Add<TlotSAResultProject>(std::string(name), calc, project, info);
+    }
 }
 
 void SelectDefaults(TSAModel& model) {
@@ -74,17 +77,16 @@ void SelectDefaults(TSAModel& model) {
 
 } // namespace
 
-void TlotSAProjectCalc::Calculate(const TSAAxis& axis1, const TSAAxis& axis2) {
+void TlotSAProjectCalc::Calculate(const TSAAxis& columns, const TSAAxis& rows) {
+    const auto apply = [&](TlotSAPlace first, TlotSAPlace last) {
+        ApplyPlaces(static_cast<int>(first), static_cast<int>(last), columns, rows);
+    };
     FProject.CalculateUnitAreas();
-    for (const std::string_view name : BeforeCapitalisation) {
-        ApplyNamed(name, axis1, axis2);
-    }
+    apply(TlotSAPlace::ERV, TlotSAPlace::Yield);
     FProject.CalculateUnitSales();
-    for (const std::string_view name : BeforeThePass) {
-        ApplyNamed(name, axis1, axis2);
-    }
+    apply(TlotSAPlace::SaleValue, TlotSAPlace::SiteValue);
     FProject.CalculateFromClearing();
-    ApplyNamed("Profit On Cost", axis1, axis2);
+    apply(TlotSAPlace::ProfitOnCost, TlotSAPlace::ProfitOnCost);
 }
 
 void TlotSAProjectCalc::Start() {
@@ -103,37 +105,41 @@ void TlotSAProjectCalc::Finish() {
         state->Restore();
         throw;
     }
-    // The pass carries figures over from the scenario before it, so that it alone would not give back what stood.
+    // That pass has read some figures that the last scenario left, such as the last group, so what it computed may
+    // differ from what stood before the table.
     state->Restore();
 }
 
-std::string TlotSAResultProject::Text(const TSAAxis& /*axis1*/, const TSAAxis& /*axis2*/,
+TlotSAResultProject::TlotSAResultProject(std::string name, TSACalc& calc, const TlotProject& project,
+                                         const TlotMeasureInfo& measure)
+    : TSAResult(std::move(name), calc, measure.Decimals(), measure.IsPercentage()),
+      FProject(project),
+      FMeasure(measure) {}
+
+std::string TlotSAResultProject::Text(const TSAAxis& /*columns*/, const TSAAxis& /*rows*/,
                                       const TNumberLocale& locale) const {
-    return Format(FFigure, locale);
+    return Format(FMeasure.ScenarioFigure(FProject), locale);
 }
 
 TlotSAModelNew::TlotSAModelNew(TlotProject& project, const TNumberLocale& locale) : TSAModel(locale) {
+    using enum TlotMeasure;
     Description = "Right-click cells to view reports for each scenario";
-    TSACalc& calc = *Calcs.emplace_back(std::make_unique<TlotSAProjectCalc>(project));
     AddUnitCategories(*this, project);
-    TSACategory& costs = Categories.Add<TlotSACostCategory>("Costs", project);
-    SetLabel(costs, 3, false);
-    costs.Modes = TSAModes::Percentage;
-    costs.PercentageStep = true;
+    AddCosts(*this, project);
     AddSiteCategories(*this, project, TlotSAProfitOnCostCategory::TSearch::AsProject);
-    AddProfitResults(*this, project, calc);
-    Results.Add<TlotSAResultProject>("NPV", calc, 0, false, project.Equity.NPV);
-    Results.Add<TlotSAResultProject>("IRR", calc, 3, true, project.Equity.IRR);
-    Results.Add<TlotSAResultProject>("Site Value", calc, 0, false, project.BaseValues.SiteValue.Amount);
+    CheckOrder(ToldOrder);
+    AddResults(*this, Calcs.Add<TlotSAProjectCalc>(project), project,
+               {ProfitOnCost, ProfitOnGDV, ProfitOnNDV, RentalYield, Profit, NPV, IRR, SiteValue});
     SelectDefaults(*this);
 }
 
 TlotSAModelOld::TlotSAModelOld(TlotProject& project, const TNumberLocale& locale) : TSAModel(locale) {
-    TSACalc& calc = *Calcs.emplace_back(std::make_unique<TlotSAProjectCalc>(project));
+    using enum TlotMeasure;
     AddUnitCategories(*this, project);
     AddSiteCategories(*this, project, TlotSAProfitOnCostCategory::TSearch::FixedRange);
-    AddProfitResults(*this, project, calc);
-    Results.Add<TlotSAResultProject>("Site Value", calc, 0, false, project.BaseValues.SiteValue.Amount);
+    CheckOrder(ToldOrder);
+    AddResults(*this, Calcs.Add<TlotSAProjectCalc>(project), project,
+               {ProfitOnCost, ProfitOnGDV, ProfitOnNDV, RentalYield, Profit, SiteValue});
     SelectDefaults(*this);
 }
 

@@ -4,24 +4,22 @@
 //
 // A scenario runs in a fixed order, since later values depend on earlier ones: rents from the areas; shifts of ERV,
 // rates and yields; capital values; shifts of sale values, costs, rates and the site value; the pass from its clearing
-// on; and last a search for the site value, where a profit on cost is wanted.
+// on; and last a search for the site value, where a profit on cost is wanted. TlotSAPlace is that order.
 #pragma once
 
-#include "model/lotProject.h"
+#include "model/lotMeasures.h"
 #include "model/lotProjectState.h"
 #include "sensitivity/SAMain.h"
 
-#include <functional>
 #include <memory>
-#include <span>
-#include <string_view>
+#include <string>
 
 /// Runs a scenario on the live project, and leaves it after a table as it was, bit for bit.
 class TlotSAProjectCalc final : public TSACalc {
 public:
     explicit TlotSAProjectCalc(TlotProject& project) : FProject(project) {}
 
-    void Calculate(const TSAAxis& axis1, const TSAAxis& axis2) override;
+    void Calculate(const TSAAxis& columns, const TSAAxis& rows) override;
     void Start() override;
     void Finish() override;
 
@@ -32,17 +30,18 @@ private:
     double FProfitOnCost = 0;
 };
 
-/// A figure of the computed project.
+/// A measure of the computed project; of NPV and IRR the equity's.
 class TlotSAResultProject final : public TSAResult {
 public:
-    TlotSAResultProject(std::string name, TSACalc& calc, std::int32_t decimals, bool percentage, const double& figure)
-        : TSAResult(std::move(name), calc, decimals, percentage), FFigure(figure) {}
+    /// Decimals and percent sign are those of the measure's mask. The project must outlive it.
+    TlotSAResultProject(std::string name, TSACalc& calc, const TlotProject& project, const TlotMeasureInfo& measure);
 
-    [[nodiscard]] std::string Text(const TSAAxis& axis1, const TSAAxis& axis2,
+    [[nodiscard]] std::string Text(const TSAAxis& columns, const TSAAxis& rows,
                                    const TNumberLocale& locale) const override;
 
 private:
-    const double& FFigure;
+    const TlotProject& FProject;
+    const TlotMeasureInfo& FMeasure;
 };
 
 class TlotSAModelNew final : public TSAModel {
@@ -51,11 +50,11 @@ public:
     TlotSAModelNew(TlotProject& project, const TNumberLocale& locale);
 };
 
-/// The older model: five steps on every axis, no costs, no NPV or IRR, and a search of its own range.
+/// The older model: five steps on every axis, no costs, no NPV or IRR, and a search between 0 and a milliard only.
 class TlotSAModelOld final : public TSAModel {
 public:
     TlotSAModelOld(TlotProject& project, const TNumberLocale& locale);
 
-    /// Forgets what took part, as for another project.
+    /// Has all items of all categories take part again, as for another project.
     void Clear();
 };

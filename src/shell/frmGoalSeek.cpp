@@ -11,10 +11,27 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <array>
+#include <string>
+#include <string_view>
 
 namespace {
 
 constexpr int FieldWidth = 170;
+
+struct TFieldRow {
+    TlotMeasure Measure;
+    const char* Name;
+    std::string_view Caption; ///< Where it differs from the measure's own.
+};
+
+constexpr std::array<TFieldRow, 7> FieldRows = {{{TlotMeasure::Profit, "Profit", "Profit Value"},
+                                                 {TlotMeasure::SiteValue, "SiteValue", {}},
+                                                 {TlotMeasure::ProfitOnCost, "ProfitOnCost", {}},
+                                                 {TlotMeasure::ProfitOnGDV, "ProfitOnGDV", {}},
+                                                 {TlotMeasure::ProfitOnNDV, "ProfitOnNDV", {}},
+                                                 {TlotMeasure::RentalYield, "RentalYield", {}},
+                                                 {TlotMeasure::IRR, "IRR", {}}}};
 
 QLabel* Note(const QString& text, QWidget* parent) {
     auto* const label = new QLabel(text, parent);
@@ -33,21 +50,16 @@ TGoalSeekForm::TGoalSeekForm(TProjectData& projectData, TlotBusyService& busy, c
     form->setLabelAlignment(Qt::AlignLeft);
     form->setHorizontalSpacing(look::WideGap);
     form->setVerticalSpacing(look::Gap);
-    Profit = AddField(*form, "Profit Value:", "Profit", ",0", SolveFor("PROFIT"));
-    SiteValue = AddField(*form, "Site Value:", "SiteValue", ",0", [this](double wanted) {
-        FData.Project().BaseValues.SiteValue.Amount = wanted;
-        FData.Recalculate();
-        return wanted;
-    });
-    ProfitOnCost = AddField(*form, "Profit on Cost:", "ProfitOnCost", "0.000%", SolveFor("PROFITONCOST"));
-    ProfitOnGDV = AddField(*form, "Profit on GDV:", "ProfitOnGDV", "0.000%", SolveFor("PROFITONGDV"));
-    ProfitOnNDV = AddField(*form, "Profit on NDV:", "ProfitOnNDV", "0.000%", SolveFor("PROFITONNDV"));
-    RentalYield = AddField(*form, "Rental Yield:", "RentalYield", "0.000%", SolveFor("RENTALYIELD"));
-    IRR = AddField(*form, "IRR:", "IRR", "0.000%",
-                   [this](double wanted) { return FData.Project().SolveEquityIRR(wanted); });
+    for (const TFieldRow& row : FieldRows) {
+        const std::string_view caption = row.Caption.empty() ? MeasureInfo(row.Measure).FormCaption : row.Caption;
+        FFields.push_back({row.Measure, AddField(row.Measure, row.Name)});
+        form->addRow(QUtf8StringView(caption).toString() + ':', FFields.back().Edit);
+    }
 
     ResidualTarget->setObjectName("ResidualTarget");
-    ResidualTarget->addItems({"(No Target)", "Profit On Cost", "Profit On GDV", "Profit On NDV", "Rental Yield"});
+    for (const std::string_view text : ResidualTargetTexts()) {
+        ResidualTarget->addItem(QUtf8StringView(text).toString());
+    }
     const int index = static_cast<int>(target);
     ResidualTarget->setCurrentIndex(index < ResidualTarget->count() ? index : 0);
     ResidualTarget->setFixedWidth(FieldWidth);
@@ -69,29 +81,32 @@ TGoalSeekForm::TGoalSeekForm(TProjectData& projectData, TlotBusyService& busy, c
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     ShowMeasures();
-    Profit->setFocus();
+    FFields.front().Edit->setFocus();
 }
 
 TlotResidualTarget TGoalSeekForm::Target() const {
     return static_cast<TlotResidualTarget>(ResidualTarget->currentIndex());
 }
 
-TGoalSeekForm::TSolve TGoalSeekForm::SolveFor(const char* keyword) {
-    return [this, keyword](double wanted) { return FData.Project().SolveSiteValue(keyword, wanted); };
+double TGoalSeekForm::SiteValueFor(TlotMeasure measure, double wanted) {
+    if (measure != TlotMeasure::SiteValue) {
+        return SolveFor(FData.Project(), measure, wanted).SiteValue;
+    }
+    FData.Project().BaseValues.SiteValue.Amount = wanted;
+    FData.Recalculate();
+    return wanted;
 }
 
-TNumberEdit* TGoalSeekForm::AddField(QFormLayout& form, const QString& caption, const char* name, const char* mask,
-                                     const TSolve& solve) {
-    auto* const field = new TNumberEdit(mask, FLocale, this);
+TNumberEdit* TGoalSeekForm::AddField(TlotMeasure measure, const char* name) {
+    auto* const field = new TNumberEdit(std::string(MeasureInfo(measure).Mask), FLocale, this);
     field->setObjectName(name);
     field->setFixedWidth(FieldWidth);
-    form.addRow(caption, field);
-    connect(field, &TNumberEdit::Left, this, [this, field, solve](bool changed) {
+    connect(field, &TNumberEdit::Left, this, [this, field, measure](bool changed) {
         if (changed) {
             FFailed = !Guarded([&] {
                 const TlotBusy busy(FBusy);
                 // A search that finds nothing answers 0, which then is the site value; what it computed last stays.
-                FData.Project().BaseValues.SiteValue.Amount = solve(field->Value());
+                FData.Project().BaseValues.SiteValue.Amount = SiteValueFor(measure, field->Value());
                 ShowMeasures();
             });
         }
@@ -100,15 +115,9 @@ TNumberEdit* TGoalSeekForm::AddField(QFormLayout& form, const QString& caption, 
 }
 
 void TGoalSeekForm::ShowMeasures() {
-    const TlotProject& project = FData.Project();
-    const TlotBaseValues& values = project.BaseValues;
-    SiteValue->SetValue(values.SiteValue.Amount);
-    Profit->SetValue(values.Profit);
-    ProfitOnCost->SetValue(values.ProfitOnCost);
-    ProfitOnGDV->SetValue(values.ProfitOnGDV);
-    ProfitOnNDV->SetValue(values.ProfitOnNDV);
-    RentalYield->SetValue(values.RentalYield);
-    IRR->SetValue(project.Equity.IRR);
+    for (const TField& field : FFields) {
+        field.Edit->SetValue(MeasureInfo(field.Measure).ScenarioFigure(FData.Project()));
+    }
 }
 
 void TGoalSeekForm::AcceptAll() {

@@ -7,13 +7,12 @@
 #include "app/datProject.h"
 #include "app/lotServices.h"
 #include "common/vipNumber.h"
+#include "model/lotMeasures.h"
 
 #include <QDialog>
-#include <functional>
-#include <string>
+#include <vector>
 
 class QComboBox;
-class QFormLayout;
 class QPushButton;
 class TNumberEdit;
 
@@ -29,12 +28,14 @@ public:
     [[nodiscard]] TlotResidualTarget Target() const;
 
 private:
-    /// Finds the site value for what a field says; what it returns is that value.
-    using TSolve = std::function<double(double wanted)>;
+    struct TField {
+        TlotMeasure Measure;
+        TNumberEdit* Edit; ///< Owned by the dialog.
+    };
 
-    TNumberEdit* AddField(QFormLayout& form, const QString& caption, const char* name, const char* mask,
-                          const TSolve& solve);
-    [[nodiscard]] TSolve SolveFor(const char* keyword);
+    TNumberEdit* AddField(TlotMeasure measure, const char* name);
+    /// Finds the site value that leaves what a field says, and leaves the project as the search does.
+    double SiteValueFor(TlotMeasure measure, double wanted);
     void ShowMeasures();
     void AcceptAll();
 
@@ -42,15 +43,8 @@ private:
     TlotBusyService& FBusy;
     TNumberLocale FLocale;
 
-    // Owned by the dialog.
-    TNumberEdit* Profit;
-    TNumberEdit* SiteValue;
-    TNumberEdit* ProfitOnCost;
-    TNumberEdit* ProfitOnGDV;
-    TNumberEdit* ProfitOnNDV;
-    TNumberEdit* RentalYield;
-    TNumberEdit* IRR;
-    QComboBox* ResidualTarget;
+    std::vector<TField> FFields; ///< From the top down.
+    QComboBox* ResidualTarget;   ///< Owned by the dialog, as the button.
     QPushButton* FOkButton = nullptr;
 
     bool FFailed = false; ///< The field left last could not be solved for.

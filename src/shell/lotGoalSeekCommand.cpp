@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/lotGoalSeekCommand.h"
 
+#include "model/lotMeasures.h"
 #include "shell/frmGoalSeek.h"
 
 namespace {
@@ -41,13 +42,8 @@ private:
 
 /// The measure of a target as it stands; nothing for no target.
 void KeepTargetValue(TlotProject& project, TlotResidualTarget target) {
-    const TlotBaseValues& values = project.BaseValues;
-    switch (target) {
-    case TlotResidualTarget::ProfitOnCost: project.ResidualTargetValue = values.ProfitOnCost; break;
-    case TlotResidualTarget::ProfitOnGDV: project.ResidualTargetValue = values.ProfitOnGDV; break;
-    case TlotResidualTarget::ProfitOnNDV: project.ResidualTargetValue = values.ProfitOnNDV; break;
-    case TlotResidualTarget::RentalYield: project.ResidualTargetValue = values.RentalYield; break;
-    case TlotResidualTarget::NoTarget: break;
+    if (const TlotMeasureInfo* const measure = MeasureOf(target)) {
+        project.ResidualTargetValue = measure->Figure(project);
     }
 }
 

@@ -20,6 +20,10 @@ QString Text(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+QString Caption(TlotMeasure measure) {
+    return Text(MeasureInfo(measure).FormCaption) + ':';
+}
+
 } // namespace
 
 TStatusPanel::TStatusPanel(const TProjectData& projectData, const TNumberLocale& locale, QWidget* parent)
@@ -36,24 +40,24 @@ TStatusPanel::TStatusPanel(const TProjectData& projectData, const TNumberLocale&
     lblSiteValue = new TClickLabel(this);
     AddRow(*grid, 0, 0, "Name:", lblName, "lblName");
     AddRow(*grid, 1, 0, "Net Site Area:", lblNetSiteArea, "lblNetSiteArea");
-    AddRow(*grid, 2, 0, "Site Value:", lblSiteValue, "lblSiteValue");
+    AddRow(*grid, 2, 0, Caption(TlotMeasure::SiteValue), lblSiteValue, "lblSiteValue");
     lblSiteValuePerArea = new QLabel(this);
     lblSiteValuePerAreaCaption = AddRow(*grid, 3, 0, {}, lblSiteValuePerArea, "lblSiteValuePerArea");
     lblSiteValuePerAreaCaption->setObjectName("lblSiteValuePerAreaCaption");
     lblProfit = new QLabel(this);
-    AddRow(*grid, 4, 0, "Profit:", lblProfit, "lblProfit");
+    AddRow(*grid, 4, 0, Caption(TlotMeasure::Profit), lblProfit, "lblProfit");
 
-    const auto ratio = [&](int row, const QString& caption, const char* name) {
+    const auto ratio = [&](int row, TlotMeasure measure, const char* name) {
         auto* const label = new QLabel(this);
-        AddRow(*grid, row, 3, caption, label, name);
+        AddRow(*grid, row, 3, Caption(measure), label, name);
         return label;
     };
-    lblProfitOnCost = ratio(0, "Profit on Cost:", "lblProfitOnCost");
-    lblProfitOnGDV = ratio(1, "Profit on GDV:", "lblProfitOnGDV");
-    lblProfitOnNDV = ratio(2, "Profit on NDV:", "lblProfitOnNDV");
-    lblSiteOnGDV = ratio(3, "Site Value on GDV:", "lblSiteOnGDV");
-    lblRentalYield = ratio(4, "Rental Yield:", "lblRentalYield");
-    lblIRR = ratio(5, "IRR:", "lblIRR");
+    lblProfitOnCost = ratio(0, TlotMeasure::ProfitOnCost, "lblProfitOnCost");
+    lblProfitOnGDV = ratio(1, TlotMeasure::ProfitOnGDV, "lblProfitOnGDV");
+    lblProfitOnNDV = ratio(2, TlotMeasure::ProfitOnNDV, "lblProfitOnNDV");
+    lblSiteOnGDV = ratio(3, TlotMeasure::SiteValueOnGDV, "lblSiteOnGDV");
+    lblRentalYield = ratio(4, TlotMeasure::RentalYield, "lblRentalYield");
+    lblIRR = ratio(5, TlotMeasure::IRR, "lblIRR");
     // Figures stand under each other to their last digit; the name, which may be long, has the room beside them too.
     grid->addWidget(lblName, 0, 1, 1, 2);
     lblName->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -109,6 +113,11 @@ void TStatusPanel::ShowMoney(QLabel& label, double value, std::string_view forma
     SetText(label, value == 0 ? QString() : Text(vip::FormatMask(format, value, FLocale)), value <= 0);
 }
 
+void TStatusPanel::ShowMeasure(QLabel& label, TlotMeasure measure) {
+    const TlotMeasureInfo& info = MeasureInfo(measure);
+    ShowMoney(label, info.Figure(FData.Project()), info.Mask);
+}
+
 void TStatusPanel::UpdateStatus() {
     const TlotProject& project = FData.Project();
     ShowName(project);
@@ -129,8 +138,8 @@ void TStatusPanel::UpdateStatus() {
     } else {
         SetText(*lblProfitOnCost, {}, false);
     }
-    ShowMoney(*lblRentalYield, project.BaseValues.RentalYield, "0.000%");
-    ShowMoney(*lblIRR, project.IRR(), "0.000%");
+    ShowMeasure(*lblRentalYield, TlotMeasure::RentalYield);
+    ShowMeasure(*lblIRR, TlotMeasure::IRR);
 }
 
 void TStatusPanel::ShowName(const TlotProject& project) {
@@ -155,14 +164,15 @@ void TStatusPanel::ShowNoSiteValue() {
 }
 
 void TStatusPanel::ShowFigures(const TlotProject& project) {
-    const TlotBaseValues& values = project.BaseValues;
-    ShowMoney(*lblSiteValue, values.SiteValue.Amount, ",0");
+    ShowMeasure(*lblSiteValue, TlotMeasure::SiteValue);
     ShowMoney(*lblNetSiteArea, project.NetSiteArea, ",0.00");
     ShowMoney(*lblSiteValuePerArea, project.SiteValuePerArea, ",0.00");
-    ShowMoney(*lblProfit, values.Profit, ",0");
+    ShowMeasure(*lblProfit, TlotMeasure::Profit);
     // The one ratio that shows its zero.
-    SetText(*lblProfitOnCost, Text(vip::FormatMask("0.000%", values.ProfitOnCost, FLocale)), values.Profit <= 0);
-    ShowMoney(*lblProfitOnGDV, values.ProfitOnGDV, "0.000%");
-    ShowMoney(*lblProfitOnNDV, values.ProfitOnNDV, "0.000%");
-    ShowMoney(*lblSiteOnGDV, values.SiteValueOnGDV, "0.000%");
+    const TlotMeasureInfo& onCost = MeasureInfo(TlotMeasure::ProfitOnCost);
+    SetText(*lblProfitOnCost, Text(vip::FormatMask(onCost.Mask, onCost.Figure(project), FLocale)),
+            project.BaseValues.Profit <= 0);
+    ShowMeasure(*lblProfitOnGDV, TlotMeasure::ProfitOnGDV);
+    ShowMeasure(*lblProfitOnNDV, TlotMeasure::ProfitOnNDV);
+    ShowMeasure(*lblSiteOnGDV, TlotMeasure::SiteValueOnGDV);
 }

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "common/vipNumber.h"
+#include "model/lotMeasures.h"
 
 #include <QWidget>
 #include <string_view>
@@ -15,7 +16,6 @@ class QGridLayout;
 class QLabel;
 class TClickLabel;
 class TProjectData;
-class TlotProject;
 
 class TStatusPanel : public QWidget {
     Q_OBJECT
@@ -40,6 +40,7 @@ private:
     void ShowNoSiteValue();
     void ShowFigures(const TlotProject& project);
     void ShowMoney(QLabel& label, double value, std::string_view format);
+    void ShowMeasure(QLabel& label, TlotMeasure measure);
     void SetText(QLabel& label, const QString& text, bool red);
 
     const TProjectData& FData;

@@ -88,7 +88,7 @@ CLI::App* TSensitivityCommand::Register(CLI::App& app) {
     return command;
 }
 
-TSACategory& TSensitivityCommand::Category(const TSAModel& model, const std::string& name) {
+TSACategory& TSensitivityCommand::Category(TSAModel& model, const std::string& name) {
     const int index = model.Categories.IndexOf(name);
     if (index < 0) {
         throw EToolUsage("there is no category " + name);

@@ -16,7 +16,7 @@ public:
 
 private:
     void Configure(TSAModel& model) const;
-    [[nodiscard]] static TSACategory& Category(const TSAModel& model, const std::string& name);
+    [[nodiscard]] static TSACategory& Category(TSAModel& model, const std::string& name);
 
     std::string FFile;
     std::vector<std::string> FAxes;

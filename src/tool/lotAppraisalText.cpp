@@ -3,10 +3,12 @@
 
 #include "common/vipDate.h"
 #include "common/vipText.h"
+#include "model/lotMeasures.h"
 #include "tool/lotTextTable.h"
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 
 namespace {
 
@@ -38,6 +40,7 @@ private:
 
     void PrintTitle();
     void PrintMeasures();
+    void AddMeasures(TTextTable& table, std::initializer_list<TlotMeasure> measures) const;
     void PrintUnits();
     void AddUnitRow(TTextTable& table, const TlotUnit& unit) const;
     void PrintCosts();
@@ -59,28 +62,26 @@ void TAppraisalPrinter::PrintTitle() {
              vip::DayMonthYearText(FProject.StartDate) + '\n';
 }
 
+void TAppraisalPrinter::AddMeasures(TTextTable& table, std::initializer_list<TlotMeasure> measures) const {
+    for (const TlotMeasure measure : measures) {
+        const TlotMeasureInfo& info = MeasureInfo(measure);
+        const double figure = info.Figure(FProject);
+        table.Add({std::string(info.PrintCaption), info.IsCover() ? Months(static_cast<std::int32_t>(figure))
+                                                                  : vip::FormatMask(info.Mask, figure, FLocale)});
+    }
+}
+
 void TAppraisalPrinter::PrintMeasures() {
-    const TlotBaseValues& b = FProject.BaseValues;
+    using enum TlotMeasure;
     Heading("MEASURES");
     TTextTable table(1);
-    table.Add({"Gross development value", Money(FProject.GDV)});
-    table.Add({"Net development value", Money(FProject.NDV)});
-    table.Add({"Total development cost", Money(FProject.TDC)});
-    table.Add({"Profit", Money(b.Profit)});
-    table.Add({"Profit on cost", Percent(b.ProfitOnCost)});
-    table.Add({"Profit on GDV", Percent(b.ProfitOnGDV)});
-    table.Add({"Profit on NDV", Percent(b.ProfitOnNDV)});
-    table.Add({"Rental yield", Percent(b.RentalYield)});
-    table.Add({"Site value", Money(b.SiteValue.Amount)});
-    table.Add({"Site value on GDV", Percent(b.SiteValueOnGDV)});
+    AddMeasures(
+        table, {GDV, NDV, TDC, Profit, ProfitOnCost, ProfitOnGDV, ProfitOnNDV, RentalYield, SiteValue, SiteValueOnGDV});
     if (FProject.NetSiteArea != 0) {
         const bool hectares = FProject.SiteAreaUnits == TlotSiteAreaUnits::Hectares;
         table.Add({hectares ? "Site value a hectare" : "Site value an acre", Money(FProject.SiteValuePerArea)});
     }
-    table.Add({"NPV", Money(FProject.NPV())});
-    table.Add({"IRR", Percent(FProject.IRR())});
-    table.Add({"Rental cover", Months(b.RentalCover)});
-    table.Add({"Interest cover", Months(b.InterestCover)});
+    AddMeasures(table, {NPV, IRR, RentalCover, InterestCover});
     FText += table.Text(Indent);
 }
 

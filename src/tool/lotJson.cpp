@@ -2,6 +2,7 @@
 #include "tool/lotJson.h"
 
 #include "common/vipDate.h"
+#include "model/lotMeasures.h"
 
 namespace {
 
@@ -44,24 +45,21 @@ ordered_json Head(const TlotProject& p) {
             {"IRR", p.IRR()}};
 }
 
-ordered_json BaseValues(const TlotBaseValues& b) {
-    return {{"SITEVALUE", Line(b.SiteValue)},
-            {"BUILD", Line(b.Build)},
-            {"GROSSCAP", Line(b.GrossCap)},
-            {"NETCAP", Line(b.NetCap)},
-            {"NONCAP", Line(b.NonCap)},
-            {"GROSSRENT", Line(b.GrossRent)},
-            {"NETRENT", Line(b.NetRent)},
-            {"SECTION", Line(b.Section)},
-            {"GROUP", Line(b.Group)},
-            {"PROFIT", b.Profit},
-            {"PROFITONCOST", b.ProfitOnCost},
-            {"PROFITONGDV", b.ProfitOnGDV},
-            {"PROFITONNDV", b.ProfitOnNDV},
-            {"RENTALYIELD", b.RentalYield},
-            {"SiteValueOnGDV", b.SiteValueOnGDV},
-            {"RentalCover", b.RentalCover},
-            {"InterestCover", b.InterestCover}};
+ordered_json BaseValues(const TlotProject& project) {
+    const TlotBaseValues& b = project.BaseValues;
+    ordered_json json = {
+        {"SITEVALUE", Line(b.SiteValue)}, {"BUILD", Line(b.Build)},     {"GROSSCAP", Line(b.GrossCap)},
+        {"NETCAP", Line(b.NetCap)},       {"NONCAP", Line(b.NonCap)},   {"GROSSRENT", Line(b.GrossRent)},
+        {"NETRENT", Line(b.NetRent)},     {"SECTION", Line(b.Section)}, {"GROUP", Line(b.Group)}};
+    for (const TlotMeasureInfo& measure : Measures()) {
+        if (measure.Search == TlotMeasureSearch::ByKeyword) {
+            json[std::string(measure.Keyword)] = measure.Figure(project);
+        }
+    }
+    json["SiteValueOnGDV"] = b.SiteValueOnGDV;
+    json["RentalCover"] = b.RentalCover;
+    json["InterestCover"] = b.InterestCover;
+    return json;
 }
 
 ordered_json Areas(const TlotAreaSchedule& areas) {
@@ -171,7 +169,7 @@ ordered_json Equity(const TlotEquity& equity) {
 ordered_json ProjectJson(const TlotProject& project) {
     ordered_json json;
     json["project"] = Head(project);
-    json["baseValues"] = BaseValues(project.BaseValues);
+    json["baseValues"] = BaseValues(project);
     ordered_json& units = json["units"] = ordered_json::array();
     for (const auto& unit : project.Units) {
         units.push_back(Unit(*unit));

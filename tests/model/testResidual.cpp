@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/vipErrors.h"
+#include "model/lotMeasures.h"
 #include "support/lotRows.h"
 #include "support/lotTestProject.h"
 
@@ -74,6 +75,55 @@ TEST(Residual, EquityReturnIsSolvedToo) {
     project.Equity.NPVIRRIncludesInterest = false;
     // Site and build in month 0, sold in month 12: 1,200,000 / 1.25.
     EXPECT_NEAR(project.SolveEquityIRR(25), 960'000 - 1000, 2);
+}
+
+TEST(Residual, SolveTellsASiteValueOfNothingFromNoSiteValue) {
+    struct TCase {
+        const char* What;
+        double Value;
+        double Maximum;
+        bool Negative;
+        double Target;
+        bool Found;
+    };
+    for (const TCase& c : {TCase{"25 % at 0, where the search may only look", 1250, 0, false, 25, true},
+                           TCase{"more than can be had", 1250, 0, false, 30, false},
+                           TCase{"25 % at 0, which both stages find", 1250, 0, true, 25, true},
+                           TCase{"out of reach below 0 too", 999, 1e9, true, 1500, false},
+                           TCase{"no income", 0, 1e9, true, 20, false}}) {
+        TlotProject project{0};
+        Fill(project, c.Value);
+        project.MaxSiteValue = c.Maximum;
+        project.CalcNegativeSiteValue = c.Negative;
+        const TlotSolution solution = SolveFor(project, TlotMeasure::ProfitOnCost, c.Target);
+        EXPECT_EQ(solution.Found, c.Found) << c.What;
+        EXPECT_NEAR(solution.SiteValue, 0, 0.01) << c.What;
+    }
+}
+
+TEST(Residual, SolveIsTheProjectsOwnSearch) {
+    for (const TlotMeasureInfo& measure : Measures()) {
+        SCOPED_TRACE(measure.Caption);
+        TlotProject project{0};
+        TlotProject own{0};
+        for (TlotProject* const each : {&project, &own}) {
+            Fill(*each, 1.2e6);
+            each->Equity.InterestRate.Value = 7.25;
+            each->NPVIRRSource = TlotNPVIRRSource::Project;
+        }
+        if (measure.Search == TlotMeasureSearch::None) {
+            EXPECT_THROW(SolveFor(project, measure.Measure, 20), ELotError);
+            continue;
+        }
+        const TlotSolution solution = SolveFor(project, measure.Measure, 20);
+        const double answer =
+            measure.Measure == TlotMeasure::IRR ? own.SolveEquityIRR(20) : own.SolveSiteValue(measure.Keyword, 20);
+        EXPECT_EQ(solution.SiteValue, answer);
+        EXPECT_EQ(solution.Found, measure.Measure != TlotMeasure::RentalYield) << "there are no rents";
+        if (solution.Found) {
+            EXPECT_NEAR(measure.ScenarioFigure(project), 20, 0.0001);
+        }
+    }
 }
 
 } // namespace

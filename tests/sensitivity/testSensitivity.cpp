@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 namespace {
 
 using TLabels = std::vector<std::string>;
@@ -16,13 +18,17 @@ struct TShop {
     double Sum = 0;
     double Limit = 1e9; ///< Beyond it the calculation fails.
     std::string Story;  ///< What happened, in order.
+    std::string Shifts; ///< What was shifted, in order.
 };
 
 class TPrice final : public TSACategory {
 public:
-    TPrice(std::string name, TShop& shop, TSADouble& price)
-        : TSACategory(std::move(name)), FShop(shop), FPrice(price) {}
-    void Apply(int, const vip::TSAStep& step) override { FPrice.Apply(step); }
+    TPrice(std::string name, int place, TShop& shop, TSADouble& price)
+        : TSACategory(std::move(name), place), FShop(shop), FPrice(price) {}
+    void Apply(int, const vip::TSAStep& step) override {
+        FShop.Shifts += Name + ' ';
+        FPrice.Apply(step);
+    }
     void Save() override {
         FShop.Story += "save ";
         FPrice.Save();
@@ -47,10 +53,9 @@ public:
     explicit TAdd(TShop& shop) : FShop(shop) {}
     void Start() override { FShop.Story += "start "; }
     void Finish() override { FShop.Story += "finish "; }
-    void Calculate(const TSAAxis& axis1, const TSAAxis& axis2) override {
-        for (const char* const name : {"Bread", "Milk"}) {
-            axis1.Has(name) ? axis1.Apply() : axis2.Has(name) ? axis2.Apply() : void();
-        }
+    void Calculate(const TSAAxis& columns, const TSAAxis& rows) override {
+        ApplyPlaces(1, 2, columns, rows);
+        ApplyPlaces(3, 9, columns, rows);
         FShop.Sum = FShop.Bread.Value + FShop.Milk.Value;
         if (FShop.Sum > FShop.Limit) {
             throw ELotError("too dear");
@@ -77,13 +82,13 @@ private:
 class TShopModel final : public TSAModel {
 public:
     explicit TShopModel(TShop& shop) : TSAModel({}) {
-        TSACalc& calc = *Calcs.emplace_back(std::make_unique<TAdd>(shop));
+        TSACalc& calc = Calcs.Add<TAdd>(shop);
         Results.Add<TSum>("Sum", calc, shop, 1);
         Results.Add<TSum>("Double", calc, shop, 2);
-        TSACategory& bread = Categories.Add<TPrice>("Bread", shop, shop.Bread);
+        TSACategory& bread = Categories.Add<TPrice>("Bread", 1, shop, shop.Bread);
         bread.Step = 1;
         bread.StepCount = 3;
-        TSACategory& milk = Categories.Add<TPrice>("Milk", shop, shop.Milk);
+        TSACategory& milk = Categories.Add<TPrice>("Milk", 2, shop, shop.Milk);
         milk.Step = 25;
         milk.PercentageStep = true;
         milk.StepCount = 2;
@@ -141,6 +146,41 @@ TEST_F(Sensitivity, TwoAxesGiveRowsForTheFirstAndSwapExchangesThem) {
     EXPECT_EQ(page.RowCount(), 2);
     EXPECT_EQ(page.Cells[1][2], "16.0\r\n32.0");
     EXPECT_EQ(page.ResultTitle, "Sum, Double");
+}
+
+TEST_F(Sensitivity, PlacesTellWhatIsShiftedFirstWhicheverAxisItIsOn) {
+    for (TSACategory* const category : FModel.SelectedCategories) {
+        category->StepCount = 1;
+    }
+    Table();
+    FModel.SwapXY = true;
+    Table();
+    EXPECT_EQ(FShop.Shifts, "Bread Milk Bread Milk ");
+}
+
+TEST_F(Sensitivity, ACategoryOnBothAxesIsShiftedOnceFromTheColumns) {
+    TSACategory& bread = FModel.Categories[0];
+    FModel.SelectedCategories = {&bread, &bread};
+    const TLabels row = {"13.0", "14.0", "15.0"};
+    EXPECT_EQ(Table().Cells, (std::vector<TLabels>{row, row, row}));
+    EXPECT_EQ(FShop.Shifts.size(), 9 * std::string_view("Bread ").size());
+    EXPECT_EQ(FShop.Bread.Value, 10);
+}
+
+TEST(SensitivityOrder, IsCheckedWhenAModelIsMade) {
+    class TModel final : public TSAModel {
+    public:
+        TModel(TShop& shop, int bread, int milk, const std::vector<std::string_view>& told) : TSAModel({}) {
+            Categories.Add<TPrice>("Milk", milk, shop, shop.Milk);
+            Categories.Add<TPrice>("Bread", bread, shop, shop.Bread);
+            CheckOrder(told);
+        }
+    };
+    TShop shop;
+    EXPECT_NO_THROW(TModel(shop, 1, 2, {"Bread", "Butter", "Milk"})) << "a model may lack a category";
+    EXPECT_THROW(TModel(shop, 2, 1, {"Bread", "Milk"}), ELotError) << "told otherwise";
+    EXPECT_THROW(TModel(shop, 2, 2, {"Bread", "Milk"}), ELotError) << "one place for two";
+    EXPECT_THROW(TModel(shop, 1, 2, {"Bread"}), ELotError) << "not told";
 }
 
 TEST_F(Sensitivity, OneAxisGivesAColumnAResultAndSavesBeforeItStarts) {

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QFormLayout>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -64,6 +65,12 @@ TEST_F(GoalSeek, AFieldLeftSolvesTheSiteValueAndShowsTheRest) {
     Open("mixed-use.lot");
     Seek([&](TGoalSeekForm& form) {
         EXPECT_EQ(Field(form, "SiteValue").text(), "6,750,000");
+        QStringList captions;
+        for (auto* const field : form.findChildren<TNumberEdit*>()) {
+            captions += form.findChild<QFormLayout*>()->labelForField(field)->property("text").toString();
+        }
+        EXPECT_EQ(captions.join(' '), "Profit Value: Site Value: Profit on Cost: Profit on GDV: Profit on NDV: "
+                                      "Rental Yield: IRR:");
         Type(form, "ProfitOnCost", "15");
         EXPECT_NEAR(FScript.Project().BaseValues.ProfitOnCost, 15, 0.0001);
         EXPECT_EQ(Field(form, "ProfitOnCost").text(), "15.000%");

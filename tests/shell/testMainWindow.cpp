@@ -2,6 +2,7 @@
 //
 // Stories at the main window: commands and clicks in; the project, the files and what the user was told out.
 #include "app/lotFailures.h"
+#include "model/lotMeasures.h"
 #include "shell/frmMain.h"
 #include "shell/lotStatusPanel.h"
 #include "support/lotDesktopScript.h"
@@ -13,6 +14,7 @@
 #include <QTest>
 #include <QTimer>
 #include <filesystem>
+#include <tuple>
 
 namespace fs = std::filesystem;
 
@@ -92,6 +94,29 @@ TEST_F(MainWindow, OpenShowsTheSummaryAndTheFigures) {
     EXPECT_EQ(Label("lblStatus"), "");
     EXPECT_EQ(FForm->Files().RecentFiles.Names, std::vector<std::string>{file});
     EXPECT_EQ(FScript.User.LastFileQuestion.Folder, FScript.App.FilesFolder);
+}
+
+TEST_F(MainWindow, StatusPanelShowsTheMeasuresUnderTheirNames) {
+    Open(Copy("mixed-use.lot", "a.lot"));
+    FScript.Project().NPVIRRSource = TlotNPVIRRSource::Project;
+    auto& panel = *FForm->findChild<TStatusPanel*>();
+    panel.UpdateStatus();
+    EXPECT_NE(FScript.Project().IRR(), FScript.Project().Equity.IRR);
+    const std::tuple<const char*, const char*, TlotMeasure> told[] = {
+        {"lblSiteValue", "Site Value", TlotMeasure::SiteValue},
+        {"lblProfit", "Profit", TlotMeasure::Profit},
+        {"lblProfitOnCost", "Profit on Cost", TlotMeasure::ProfitOnCost},
+        {"lblProfitOnGDV", "Profit on GDV", TlotMeasure::ProfitOnGDV},
+        {"lblProfitOnNDV", "Profit on NDV", TlotMeasure::ProfitOnNDV},
+        {"lblSiteOnGDV", "Site Value on GDV", TlotMeasure::SiteValueOnGDV},
+        {"lblRentalYield", "Rental Yield", TlotMeasure::RentalYield},
+        {"lblIRR", "IRR", TlotMeasure::IRR}};
+    for (const auto& [name, caption, measure] : told) {
+        const TlotMeasureInfo& info = MeasureInfo(measure);
+        const std::string figure = vip::FormatMask(info.Mask, info.Figure(FScript.Project()), PointLocale);
+        EXPECT_EQ(Label(name).toStdString(), figure) << name;
+        EXPECT_EQ(FForm->findChild<QLabel*>(name)->accessibleName().toStdString(), caption);
+    }
 }
 
 TEST_F(MainWindow, FiguresClickedAndTypedGoIntoTheModelUnmarked) {
