@@ -3,8 +3,8 @@
 
 #include "common/vipErrors.h"
 #include "persistence/lotAtomicFile.h"
-#include "reportengine/lotPicture.h"
-#include "reportengine/lotReportExports.h"
+#include "reportengine/exports/lotReportExports.h"
+#include "reportengine/template/lotPicture.h"
 
 #include <algorithm>
 #include <utility>

@@ -5,8 +5,8 @@
 
 #include "app/lotReportEngine.h"
 #include "common/vipNumber.h"
-#include "reportengine/lotPaginator.h"
-#include "reportengine/lotReportTemplate.h"
+#include "reportengine/pages/lotPaginator.h"
+#include "reportengine/template/lotReportTemplate.h"
 
 #include <string>
 #include <string_view>

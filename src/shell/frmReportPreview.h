@@ -7,7 +7,7 @@
 #include "app/lotReportEngine.h"
 #include "app/lotServices.h"
 #include "common/vipNumber.h"
-#include "reportengine/lotReportSearch.h"
+#include "reportengine/pages/lotReportSearch.h"
 
 #include <QDialog>
 #include <QKeySequence>

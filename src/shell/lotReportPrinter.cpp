@@ -2,7 +2,7 @@
 #include "shell/lotReportPrinter.h"
 
 #include "common/vipErrors.h"
-#include "reportengine/lotReportPainter.h"
+#include "reportengine/pages/lotReportPainter.h"
 
 #include <QPainter>
 #include <algorithm>

@@ -3,7 +3,7 @@
 // Prints finished reports.
 #pragma once
 
-#include "reportengine/lotPreparedReport.h"
+#include "reportengine/pages/lotPreparedReport.h"
 
 #include <QPrinter>
 

@@ -5,7 +5,7 @@
 #include "app/datReport.h"
 #include "app/lotReports.h"
 #include "reportengine/frxReport.h"
-#include "reportengine/lotReportFonts.h"
+#include "reportengine/pages/lotReportFonts.h"
 
 #include <filesystem>
 

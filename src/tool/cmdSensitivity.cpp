@@ -4,7 +4,7 @@
 #include "app/lotSensitivityReport.h"
 #include "common/vipText.h"
 #include "reportengine/frxReport.h"
-#include "reportengine/lotReportFonts.h"
+#include "reportengine/pages/lotReportFonts.h"
 #include "tool/lotJson.h"
 #include "tool/lotTextTable.h"
 

@@ -4,7 +4,7 @@
 // labels of their own. What is small is gathered in one slice, "Other".
 #pragma once
 
-#include "reportengine/lotPieSlices.h"
+#include "reportengine/pages/lotPieSlices.h"
 
 #include <QWidget>
 #include <functional>

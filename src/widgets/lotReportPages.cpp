@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotReportPages.h"
 
-#include "reportengine/lotReportPainter.h"
+#include "reportengine/pages/lotReportPainter.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -4,7 +4,7 @@
 // from the report, so that any zoom is crisp and none costs memory.
 #pragma once
 
-#include "reportengine/lotPreparedReport.h"
+#include "reportengine/pages/lotPreparedReport.h"
 
 #include <QAbstractScrollArea>
 #include <cstdint>

@@ -3,7 +3,7 @@
 // The pages of a finished report as small pictures, each made when it first comes into view.
 #pragma once
 
-#include "reportengine/lotPreparedReport.h"
+#include "reportengine/pages/lotPreparedReport.h"
 
 #include <QListWidget>
 #include <functional>

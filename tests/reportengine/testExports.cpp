@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "reportengine/lotReportExports.h"
-#include "reportengine/lotReportGrid.h"
+#include "reportengine/exports/lotReportExports.h"
+#include "reportengine/exports/lotReportGrid.h"
 #include "support/lotReportScript.h"
 
 #include <QImage>

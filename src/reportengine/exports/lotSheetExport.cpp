@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "common/vipNumber.h"
+#include "reportengine/exports/lotReportExports.h"
+#include "reportengine/exports/lotReportGrid.h"
+#include "reporting/lotSpreadsheetPage.h"
+#include "reporting/lotWorkbook.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace report {
+
+namespace {
+
+constexpr double PixelsPerTwip = 96 / TwipsPerInch;
+constexpr int MostColumnPixels = 400;
+constexpr int DigitPixels = 7;
+constexpr double GapOfARow = 3.5 * TwipsPerMm; // A space of that height is worth an empty row.
+
+/// The mask of a number format: ",0.00" for "%2.2n" and "%2.2m"; masks stay as they are.
+std::string MaskOf(const std::string& format) {
+    if (!format.starts_with('%')) {
+        return format;
+    }
+    int decimals = 0;
+    const std::size_t point = format.find('.');
+    if (point != std::string::npos) {
+        std::from_chars(format.data() + point + 1, format.data() + format.size(), decimals);
+    }
+    return decimals > 0 ? ",0." + std::string(static_cast<std::size_t>(std::min(decimals, 20)), '0') : ",0";
+}
+
+struct TFigure {
+    double Number = 0;
+    std::string Mask;
+};
+
+/// What a text says that is nothing but a figure, as tables hold those that they have already formatted: "-1,034.50" or
+/// "6.750%". Nothing for any other text, "007" among them.
+std::optional<TFigure> FigureOf(const QString& text, const TNumberLocale& locale) {
+    const bool percent = text.endsWith(u'%');
+    const QString body = text.chopped(percent ? 1 : 0);
+    TFigure figure;
+    figure.Mask = body.contains(QString::fromUcs4(&locale.Thousand, 1)) ? ",0" : "0";
+    if (const qsizetype point = body.indexOf(QString::fromUcs4(&locale.Decimal, 1)); point >= 0) {
+        figure.Mask += "." + std::string(static_cast<std::size_t>(body.size() - point - 1), '0');
+    }
+    figure.Mask += percent ? "%" : "";
+    figure.Number = vip::StrToNumber(body.toStdString(), locale);
+    // It is one if the figure in that format is the text again.
+    const bool same = vip::FormatMask(figure.Mask, figure.Number, locale) == text.toStdString();
+    return same ? std::optional(figure) : std::nullopt;
+}
+
+class TSheetMaker {
+public:
+    TSheetMaker(const TReportGrid& grid, const TNumberLocale& locale, TSpreadsheetPage& page)
+        : FGrid(grid), FLocale(locale), FPage(page) {}
+
+    void Make() {
+        const TSpreadsheetBatch batch(FPage);
+        for (const double column : FGrid.Columns) {
+            FWidths.push_back(static_cast<int>(std::lround(column * PixelsPerTwip)));
+        }
+        for (const TGridRow& row : FGrid.Rows) {
+            if (FRow > 0 && (row.PartStart || row.GapAbove >= GapOfARow)) {
+                FRow += row.PartStart ? 2 : 1;
+            }
+            FRow += AddRow(row);
+        }
+        for (std::size_t i = 0; i < FWidths.size(); ++i) {
+            FPage.SetColumnWidth(static_cast<int>(i), std::clamp(FWidths[i], 8, MostColumnPixels));
+        }
+    }
+
+private:
+    /// The lines that the row takes.
+    int AddRow(const TGridRow& row) {
+        int lines = 0;
+        for (const TGridCell& cell : row.Cells) {
+            if (cell.Item->Kind == TItemKind::Text) {
+                lines = std::max(lines, AddCell(cell));
+            }
+        }
+        return lines;
+    }
+
+    /// The lines that the cell takes.
+    int AddCell(const TGridCell& cell) {
+        const TPreparedItem& item = *cell.Item;
+        const bool right = item.Look.Align == TAlign::Right;
+        // Figures of one column end at one edge, whatever their widths are.
+        const int column = right ? cell.Column + cell.Span - 1 : cell.Column;
+        if (item.Number) {
+            AddNumber(FRow, column, item, {*item.Number, MaskOf(item.Format)}, item.Whole.size());
+            return 1;
+        }
+        // One line in a cell: what was broken into several goes below each other.
+        int row = FRow;
+        for (const QString& each : item.Whole.trimmed().split(u'\n')) {
+            const QString line = each.trimmed();
+            if (const auto figure = right ? FigureOf(line, FLocale) : std::nullopt) {
+                AddNumber(row, column, item, *figure, line.size());
+            } else {
+                FPage.SetText(row, column, line.toStdString(), Style(item, {}));
+            }
+            ++row;
+        }
+        return row - FRow;
+    }
+
+    void AddNumber(int row, int column, const TPreparedItem& item, const TFigure& figure, qsizetype letters) {
+        FPage.SetNumber(row, column, figure.Number, Style(item, figure.Mask));
+        // A text runs on over its neighbours; a figure without room shows as "###".
+        int& width = FWidths[static_cast<std::size_t>(column)];
+        width = std::max(width, static_cast<int>(letters + 2) * DigitPixels);
+    }
+
+    std::uint16_t Style(const TPreparedItem& item, const std::string& format) {
+        TSpreadsheetStyle style;
+        style.Bold = item.Look.Bold;
+        style.Alignment = item.Look.Align == TAlign::Right ? TlotAlignment::Right : TlotAlignment::Left;
+        style.Format = format;
+        return FPage.Style(style);
+    }
+
+    const TReportGrid& FGrid;
+    const TNumberLocale FLocale;
+    TSpreadsheetPage& FPage;
+    std::vector<int> FWidths; // Pixels.
+    int FRow = 0;
+};
+
+void MakeSheet(const TPreparedReport& report, const TlotDocumentTexts& texts, TSpreadsheetPage& page) {
+    page.Title = texts.Title;
+    page.FontSize = 9;
+    page.FitsPageWidth = true;
+    TSheetMaker(BuildReportGrid(report), report.Locale, page).Make();
+}
+
+} // namespace
+
+std::string XlsReportBytes(const TPreparedReport& report, const TlotDocumentTexts& texts) {
+    TSpreadsheetPage page;
+    MakeSheet(report, texts, page);
+    return XlsBytes(page);
+}
+
+std::string XlsxReportBytes(const TPreparedReport& report, const TlotDocumentTexts& texts) {
+    TSpreadsheetPage page;
+    MakeSheet(report, texts, page);
+    return XlsxBytes(page);
+}
+
+} // namespace report
