@@ -8,14 +8,14 @@
 
 #include <algorithm>
 #include <utility>
+#include <variant>
 
 using namespace report;
 
 namespace {
 
 bool IsNamed(const TTemplateObject& object, std::string_view name) {
-    return object.Kind == TItemKind::Picture &&
-           object.Name.compare(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())),
+    return object.Name.compare(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())),
                                Qt::CaseInsensitive) == 0;
 }
 
@@ -47,10 +47,7 @@ void TfrxReport::LoadFromFile(const std::string& fileName) {
 
 bool TfrxReport::FindObject(std::string_view name) const {
     bool found = false;
-    const QString wanted = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
-    const auto look = [&](const TTemplateObject& object) {
-        found = found || object.Name.compare(wanted, Qt::CaseInsensitive) == 0;
-    };
+    const auto look = [&](const TTemplateObject& object) { found = found || IsNamed(object, name); };
     for (const TTemplatePage& page : FTemplate.Pages) {
         for (const TTemplateBand& band : page.Bands) {
             EachObject(band, look);
@@ -65,8 +62,9 @@ void TfrxReport::SetPicture(std::string_view name, const std::string& fileName, 
         const QSizeF room(page.Size.width() - page.Margins.left() - page.Margins.right(),
                           page.Size.height() - page.Margins.top() - page.Margins.bottom());
         const auto set = [&](TTemplateObject& object) {
-            if (IsNamed(object, name)) {
-                object.Picture = picture;
+            auto* const content = std::get_if<TTemplatePicture>(&object.Content);
+            if (content != nullptr && IsNamed(object, name)) {
+                content->Image = picture;
                 if (resize) {
                     object.Rect.setSize(NaturalSize(*picture, room));
                 }
@@ -106,9 +104,9 @@ void TfrxReport::NumberPages() {
         ++number;
         for (TPreparedBand& band : page.Bands) {
             for (TPreparedItem& item : band.Items) {
-                if (item.HoldsPageNumber) {
-                    NumberText(item.Whole, number, count);
-                    for (QString& line : item.Lines) {
+                if (TPreparedText* const text = item.As<TPreparedText>(); text != nullptr && text->HoldsPageNumber) {
+                    NumberText(text->Whole, number, count);
+                    for (QString& line : text->Lines) {
                         NumberText(line, number, count);
                     }
                 }

@@ -23,6 +23,10 @@ protected:
     [[nodiscard]] const TPreparedBand& Band(std::size_t page, std::size_t band) const {
         return Script.Report.Prepared().Pages.at(page).Bands.at(band);
     }
+    /// The content of an item; std::get throws where it is another.
+    template <typename T> [[nodiscard]] const T& Item(std::size_t page, std::size_t band, std::size_t item) const {
+        return std::get<T>(Band(page, band).Items.at(item).Content);
+    }
 
     TReportScript Script;
 };
@@ -89,20 +93,24 @@ TEST_F(Engine, TextsBreakIntoLinesAndTheBandGrows) {
     const TPreparedBand& band = Band(0, 0);
     const auto& items = band.Items;
     ASSERT_EQ(items.size(), 5U);
-    ASSERT_GE(items[0].Lines.size(), 2U);
-    EXPECT_EQ(items[0].Lines[0].left(7), "one two");
+    const auto& lines = Item<TPreparedText>(0, 0, 0).Lines;
+    ASSERT_GE(lines.size(), 2U);
+    EXPECT_EQ(lines[0].left(7), "one two");
     const double grown = items[0].Rect.height() - 4 * TwipsPerMm;
     EXPECT_GT(grown, 0);
     const auto top = [&](const char* text) {
-        return std::ranges::find_if(items, [&](const TPreparedItem& item) { return item.Whole == text; })->Rect.top();
+        const auto says = [&](const TPreparedItem& item) {
+            return item.Is<TPreparedText>() && item.As<TPreparedText>()->Whole == text;
+        };
+        return std::ranges::find_if(items, says)->Rect.top();
     };
     EXPECT_DOUBLE_EQ(top("below"), 5 * TwipsPerMm + grown);
     EXPECT_DOUBLE_EQ(top("beside"), 5 * TwipsPerMm) << "what isn't below it stays";
     EXPECT_DOUBLE_EQ(band.Height, 10 * TwipsPerMm + grown);
     for (const TPreparedItem& item : items) {
-        if (item.Kind == TItemKind::Line) {
+        if (item.Is<TPreparedLine>()) {
             EXPECT_DOUBLE_EQ(item.Rect.top(), 9 * TwipsPerMm + grown);
-        } else if (item.Kind == TItemKind::Box) {
+        } else if (item.Is<TPreparedBox>()) {
             EXPECT_DOUBLE_EQ(item.Rect.height(), band.Height);
         }
     }
@@ -116,10 +124,10 @@ TEST_F(Engine, EmptyTextsMayCollapseAndLongLinesShrinkBeforeTheyAreCut) {
                "<Summary Height='5'><Text Width='20' Size='10' Wrap='False'>a name that no column of this width "
                "holds</Text></Summary>");
     EXPECT_DOUBLE_EQ(Band(0, 0).Height, 10 * TwipsPerMm);
-    const TPreparedItem& figure = Band(0, 1).Items[0];
+    const auto& figure = Item<TPreparedText>(0, 1, 0);
     EXPECT_EQ(figure.Lines[0], "1,234,567,890");
     EXPECT_LT(figure.Look.Size, 10);
-    const TPreparedItem& name = Band(0, 2).Items[0];
+    const auto& name = Item<TPreparedText>(0, 2, 0);
     EXPECT_TRUE(name.Elided);
     EXPECT_DOUBLE_EQ(name.Look.Size, 7);
     EXPECT_EQ(name.Whole, "a name that no column of this width holds");
@@ -188,7 +196,8 @@ TEST_F(Engine, LongTextsGoOnOnTheNextPage) {
             used += band.Height;
             for (const TPreparedItem& item : band.Items) {
                 EXPECT_LE(band.Top + item.Rect.bottom(), page.Size.height() - page.Margins.bottom() + 1);
-                lines.insert(lines.end(), item.Lines.begin(), item.Lines.end());
+                const auto& shown = std::get<TPreparedText>(item.Content);
+                lines.insert(lines.end(), shown.Lines.begin(), shown.Lines.end());
             }
         }
         EXPECT_LE(used, 100 * TwipsPerMm + 1);
@@ -200,8 +209,9 @@ TEST_F(Engine, LongTextsGoOnOnTheNextPage) {
     Script.AddTown("Ash", "North", 1);
     Script.Run("<ReportTitle Height='60'/><MasterData DataSet='Towns'><Header>" + Line("head") +
                "</Header><Text Width='100' Size='10' LineSpacing='1.4'>" + text + "</Text></MasterData>");
-    EXPECT_EQ(Band(0, 1).Items[0].Lines[0], "head") << "a heading and the beginning of its text use the room there is";
-    EXPECT_GE(Band(0, 2).Items[0].Lines.size(), 2U);
+    EXPECT_EQ(Item<TPreparedText>(0, 1, 0).Lines[0], "head")
+        << "a heading and the beginning of its text use the room there is";
+    EXPECT_GE(Item<TPreparedText>(0, 2, 0).Lines.size(), 2U);
     EXPECT_EQ(Script.Report.PageCount(), 3);
 }
 
@@ -253,7 +263,7 @@ TEST_F(Engine, PicturesAndGradientsAreSetFromOutside) {
     Script.Report.SetPicture("logo", file, false);
     Script.Report.SetGradientColours(0x112233, 0x445566);
     Script.Report.Prepare(false);
-    ASSERT_NE(Band(0, 0).Items[0].Picture, nullptr);
+    ASSERT_NE(Item<TPreparedPicture>(0, 0, 0).Image, nullptr);
     EXPECT_EQ(Band(0, 0).Items[0].Rect.size(), QSizeF(50, 15) * TwipsPerMm);
     EXPECT_EQ(Script.Report.Prepared().Gradient.StartColour, 0xFF112233U);
     Script.Report.SetGradientColours(1, 2);
@@ -271,7 +281,7 @@ TEST_F(Engine, ChartsTakeTheirTable) {
     Script.AddTown("Debt", "South", -4);
     Script.Run("<Summary Height='40'><Chart Width='90' Height='40' DataSet='Towns' NameField='Name' "
                "ValueField='Folk'/></Summary>");
-    const TPreparedChart& chart = *Band(0, 0).Items[0].Chart;
+    const auto& chart = Item<TPreparedChart>(0, 0, 0);
     ASSERT_EQ(chart.Slices.size(), 3U) << "a pie has no negative slice";
     EXPECT_EQ(chart.Slices[1].Name, "Birch");
     EXPECT_DOUBLE_EQ(chart.Total, 47.5);
@@ -280,7 +290,7 @@ TEST_F(Engine, ChartsTakeTheirTable) {
                          "ValueField='Folk' Filter=\"Towns.Name = 'Birch'\"/><Text Left='90' Width='30'>[Towns.Name]"
                          "</Text></MasterData>"),
               "Ash|Birch / Cedar|Debt");
-    EXPECT_EQ(Band(0, 0).Items[0].Chart->Slices.size(), 1U);
+    EXPECT_EQ(Item<TPreparedChart>(0, 0, 0).Slices.size(), 1U);
 }
 
 TEST_F(Engine, BrokenTemplatesAreRefusedWithOneMessage) {

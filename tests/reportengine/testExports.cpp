@@ -66,7 +66,8 @@ TEST_F(Exports, GridKeepsColumnsAndLeavesOutWhatPagesRepeat) {
         text += row.Gradient ? "#" : "";
         text += row.RuleAbove ? "-" : "";
         for (const TGridCell& cell : row.Cells) {
-            text += cell.Item->Kind == TItemKind::Text ? cell.Item->Lines.front().toStdString() : "(chart)";
+            text += cell.Item->Is<TPreparedText>() ? cell.Item->As<TPreparedText>()->Lines.front().toStdString()
+                                                   : "(chart)";
             text += "@" + std::to_string(cell.Column + cell.Span - 1) + " ";
         }
         text += "|";

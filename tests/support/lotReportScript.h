@@ -59,8 +59,8 @@ public:
             for (const report::TPreparedBand& band : page.Bands) {
                 QStringList texts;
                 for (const report::TPreparedItem& item : band.Items) {
-                    for (const QString& line : item.Lines) {
-                        texts += line;
+                    if (const auto* const text = item.As<report::TPreparedText>()) {
+                        texts += QStringList(text->Lines.begin(), text->Lines.end());
                     }
                 }
                 bands += texts.join(' ');

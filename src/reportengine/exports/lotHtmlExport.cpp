@@ -107,20 +107,21 @@ void THtmlPage::AddTableStart(QString& body) const {
 void THtmlPage::AddCell(QString& body, const TGridCell& cell) {
     const TPreparedItem& item = *cell.Item;
     const QString span = cell.Span > 1 ? QString(" colspan=\"%1\"").arg(cell.Span) : QString();
-    if (item.Kind == TItemKind::Text) {
+    if (const auto* const source = item.As<TPreparedText>()) {
         QString text;
-        for (const QString& line : item.Whole.trimmed().split(u'\n')) {
+        for (const QString& line : source->Whole.trimmed().split(u'\n')) {
             text += (text.isEmpty() ? "" : "<br/>") + line.toHtmlEscaped().remove(u'\r');
         }
         const QString fill = qAlpha(item.Fill) != 0 ? " style=\"background:" + Colour(item.Fill) + "\"" : QString();
         // Where a figure had to be set smaller to fit its paper, it needn't be here.
-        body += "<td class=\"" + ClassOf(item.Look) + "\"" + span + fill + ">" + text + "</td>";
+        body += "<td class=\"" + ClassOf(source->Look) + "\"" + span + fill + ">" + text + "</td>";
         return;
     }
-    const bool picture = item.Kind == TItemKind::Picture;
-    const QImage image = picture ? *item.Picture : ItemPicture(FReport, item, 2 * PixelsPerTwip);
-    const QSizeF size = picture ? QSizeF(image.size()).scaled(item.Rect.size(), Qt::KeepAspectRatio) : item.Rect.size();
-    const QString align = item.Look.Align == TAlign::Right ? " style=\"text-align:right\"" : QString();
+    const auto* const picture = item.As<TPreparedPicture>();
+    const QImage image = picture != nullptr ? *picture->Image : ItemPicture(FReport, item, 2 * PixelsPerTwip);
+    const QSizeF size =
+        picture != nullptr ? QSizeF(image.size()).scaled(item.Rect.size(), Qt::KeepAspectRatio) : item.Rect.size();
+    const QString align = item.Align() == TAlign::Right ? " style=\"text-align:right\"" : QString();
     body += QString("<td%1%2><img alt=\"%3\" width=\"%4\" src=\"%5\"/></td>")
                 .arg(span, align, item.Name.isEmpty() ? QString("Chart") : item.Name.toHtmlEscaped())
                 .arg(static_cast<int>(size.width() * PixelsPerTwip))
@@ -137,7 +138,7 @@ void THtmlPage::AddRow(QString& body, const TGridRow& row) {
     classes += row.RuleAbove ? QStringList("above") : QStringList();
     classes += row.RuleBelow ? QStringList("below") : QStringList();
     classes += row.Gradient ? QStringList("bar") : QStringList();
-    const auto isText = [](const TGridCell& cell) { return cell.Item->Kind == TItemKind::Text; };
+    const auto isText = [](const TGridCell& cell) { return cell.Item->Is<TPreparedText>(); };
     classes += std::ranges::all_of(row.Cells, isText) ? QStringList() : QStringList("top");
     body += classes.isEmpty() ? QString("<tr") : "<tr class=\"" + classes.join(' ') + "\"";
     body += qAlpha(row.Fill) != 0 ? " style=\"background:" + Colour(row.Fill) + "\">" : QString(">");

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <numeric>
 #include <span>
+#include <variant>
 
 namespace report {
 
@@ -20,28 +21,36 @@ constexpr double HeadingGap = 5 * TwipsPerMm;
 constexpr double Spare = 1.15; // Other programs' letters may be wider than ours.
 
 bool IsCell(const TPreparedItem& item) {
-    switch (item.Kind) {
-    case TItemKind::Text: return !item.Lines.empty() && !item.HoldsPageNumber;
-    case TItemKind::Picture: return item.Picture != nullptr;
-    case TItemKind::Chart: return item.Chart != nullptr && item.Chart->Total > 0;
-    default: return false;
-    }
+    struct TSeen {
+        bool operator()(const TPreparedText& text) const { return !text.Lines.empty() && !text.HoldsPageNumber; }
+        bool operator()(const TPreparedPicture& picture) const { return picture.Image != nullptr; }
+        bool operator()(const TPreparedChart& chart) const { return chart.Total > 0; }
+        bool operator()(const TPreparedLine&) const { return false; }
+        bool operator()(const TPreparedBox&) const { return false; }
+        bool operator()(const TPreparedGradient&) const { return false; }
+    };
+    return std::visit(TSeen{}, item.Content);
 }
 
 bool IsRule(const TPreparedItem& item) {
-    return (item.Kind == TItemKind::Line && item.Rect.height() == 0) ||
-           (item.Kind == TItemKind::Gradient && item.Rect.height() < 5 * TwipsPerMm);
+    return (item.Is<TPreparedLine>() && item.Rect.height() == 0) ||
+           (item.Is<TPreparedGradient>() && item.Rect.height() < 5 * TwipsPerMm);
+}
+
+/// Whether it is a text that is set to that side.
+bool IsText(const TPreparedItem& item, TAlign align) {
+    const auto* const text = item.As<TPreparedText>();
+    return text != nullptr && text->Look.Align == align;
 }
 
 /// Where columns begin, from the items that stand on them.
 class TColumns {
 public:
     void Add(const TPreparedItem& item) {
-        const bool text = item.Kind == TItemKind::Text;
-        if (!text || item.Look.Align != TAlign::Right) {
+        if (!IsText(item, TAlign::Right)) {
             FEdges.push_back(item.Rect.left());
         }
-        if (!text || item.Look.Align != TAlign::Left) {
+        if (!IsText(item, TAlign::Left)) {
             FEdges.push_back(item.Rect.right());
         }
     }
@@ -66,9 +75,8 @@ public:
 
     [[nodiscard]] TGridCell Place(const TPreparedItem& item) const {
         const int most = static_cast<int>(FEdges.size()) - 2;
-        const bool right = item.Kind == TItemKind::Text && item.Look.Align == TAlign::Right;
         TGridCell cell{&item, 0, 1};
-        if (right) {
+        if (IsText(item, TAlign::Right)) {
             const int last = std::clamp(Nearest(item.Rect.right()) - 1, 0, most);
             cell.Column = std::clamp(From(item.Rect.left()), 0, last);
             cell.Span = last - cell.Column + 1;
@@ -122,13 +130,17 @@ bool Overlaps(const TGridRow& row, const TGridCell& cell) {
     return std::ranges::any_of(row.Cells, [&](const TGridCell& other) { return Overlaps(other, cell); });
 }
 
-/// Of the widest line of a text.
+/// Of the widest line of a text, with something to spare; 0 for what is none.
 double TextWidth(const TPreparedItem& item, TTextMeasure& measure) {
-    double width = 0;
-    for (const QString& line : item.Whole.split(u'\n')) {
-        width = std::max(width, measure.Width(line, item.Look));
+    const auto* const text = item.As<TPreparedText>();
+    if (text == nullptr) {
+        return 0;
     }
-    return width;
+    double width = 0;
+    for (const QString& line : text->Whole.split(u'\n')) {
+        width = std::max(width, measure.Width(line, text->Look));
+    }
+    return width * Spare;
 }
 
 /// Gives cells the free room beside them. A figure that is wider than its columns takes one on its left, a text what is
@@ -140,16 +152,15 @@ void Widen(TGridRow& row, const std::vector<double>& widths, TTextMeasure& measu
     const int columns = static_cast<int>(widths.size());
     int before = 0; // The columns that the cells on the left need.
     for (TGridCell& cell : row.Cells) {
-        const bool text = cell.Item->Kind == TItemKind::Text;
-        const double width = text ? TextWidth(*cell.Item, measure) * Spare : 0;
-        if (text && cell.Item->Look.Align == TAlign::Right) {
+        const double width = TextWidth(*cell.Item, measure);
+        if (IsText(*cell.Item, TAlign::Right)) {
             while (cell.Column > before && room(cell.Column, cell.Span) < width) {
                 --cell.Column;
                 ++cell.Span;
             }
         }
         before = cell.Column + cell.Span;
-        if (text && cell.Item->Look.Align == TAlign::Left) {
+        if (IsText(*cell.Item, TAlign::Left)) {
             // A text that wraps needs no more than the width that it was given.
             const double needed = std::min(width, cell.Item->Rect.width());
             while (before < columns && room(cell.Column, before - cell.Column) < needed) {
@@ -160,7 +171,7 @@ void Widen(TGridRow& row, const std::vector<double>& widths, TTextMeasure& measu
     for (std::size_t i = 0; i < row.Cells.size(); ++i) {
         TGridCell& cell = row.Cells[i];
         const int next = i + 1 == row.Cells.size() ? columns : row.Cells[i + 1].Column;
-        if (cell.Item->Kind == TItemKind::Text && cell.Item->Look.Align == TAlign::Left) {
+        if (IsText(*cell.Item, TAlign::Left)) {
             cell.Span = next - cell.Column;
         }
     }
@@ -183,8 +194,8 @@ std::vector<double> MissingEdges(const TPreparedBand& band, const TColumns& colu
         if (!IsCell(left)) {
             continue;
         }
-        const bool runs = left.Kind == TItemKind::Text && left.Look.Align == TAlign::Left;
-        const double width = runs ? std::min(TextWidth(left, measure) * Spare, left.Rect.width()) : left.Rect.width();
+        const double width =
+            IsText(left, TAlign::Left) ? std::min(TextWidth(left, measure), left.Rect.width()) : left.Rect.width();
         for (const TPreparedItem& right : band.Items) {
             if (IsCell(right) && beside(left.Rect, right.Rect)) {
                 const TGridCell cell = columns.Place(right);
@@ -238,8 +249,8 @@ void Decorate(const TPreparedBand& band, double width, std::span<TDraftRow> rows
                 row.Row.RuleAbove = row.Row.RuleAbove || std::abs(item.Rect.top() - row.Top) < RuleDistance;
                 row.Row.RuleBelow = row.Row.RuleBelow || std::abs(item.Rect.top() - row.Bottom) < RuleDistance;
             } else if (item.Rect.top() <= middle && middle <= item.Rect.bottom()) {
-                row.Row.Gradient = row.Row.Gradient || item.Kind == TItemKind::Gradient;
-                if (item.Kind == TItemKind::Box) {
+                row.Row.Gradient = row.Row.Gradient || item.Is<TPreparedGradient>();
+                if (item.Is<TPreparedBox>()) {
                     row.Row.Fill = item.Fill;
                 }
             }

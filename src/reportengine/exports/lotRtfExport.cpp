@@ -82,8 +82,8 @@ QByteArray TRtfDocument::Look(const TTextLook& look) {
 }
 
 QByteArray TRtfDocument::Picture(const TPreparedItem& item) const {
-    const bool picture = item.Kind == TItemKind::Picture;
-    const QImage image = picture ? *item.Picture : ItemPicture(FReport, item, PictureScale);
+    const auto* const picture = item.As<TPreparedPicture>();
+    const QImage image = picture != nullptr ? *picture->Image : ItemPicture(FReport, item, PictureScale);
     // What is wider than the cell within its padding would be cut.
     const QSizeF room(std::max(1.0, item.Rect.width() - 2 * CellPadding), item.Rect.height());
     const QSizeF size = QSizeF(image.size()).scaled(room, Qt::KeepAspectRatio);
@@ -102,8 +102,9 @@ QByteArray TRtfDocument::Footer() {
     const TPreparedPage& page = FReport.Pages.back();
     for (const TPreparedBand& band : page.Bands) {
         for (const TPreparedItem& item : band.Items) {
-            if (band.Kind == TBandKind::PageFooter && item.Kind == TItemKind::Text && !item.HoldsPageNumber) {
-                left += Escaped(item.Whole) + " ";
+            const auto* const text = item.As<TPreparedText>();
+            if (band.Kind == TBandKind::PageFooter && text != nullptr && !text->HoldsPageNumber) {
+                left += Escaped(text->Whole) + " ";
             }
         }
     }
@@ -138,12 +139,12 @@ void TRtfDocument::AddCellFrame(const TGridRow& row, int lastColumn, QRgb fill) 
 
 void TRtfDocument::AddCellText(const TGridCell* cell) {
     FBody += "\\pard\\intbl";
-    if (cell != nullptr && cell->Item->Kind == TItemKind::Text) {
-        FBody += Look(cell->Item->Look) + Escaped(cell->Item->Whole);
-    } else if (cell != nullptr) {
-        FBody += (cell->Item->Look.Align == TAlign::Right ? "\\qr " : "\\ql ") + Picture(*cell->Item);
-    } else {
+    if (cell == nullptr) {
         FBody += "\\fs2 ";
+    } else if (const auto* const text = cell->Item->As<TPreparedText>()) {
+        FBody += Look(text->Look) + Escaped(text->Whole);
+    } else {
+        FBody += (cell->Item->Align() == TAlign::Right ? "\\qr " : "\\ql ") + Picture(*cell->Item);
     }
     FBody += "\\cell\n";
 }

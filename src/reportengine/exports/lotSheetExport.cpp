@@ -83,48 +83,47 @@ private:
     int AddRow(const TGridRow& row) {
         int lines = 0;
         for (const TGridCell& cell : row.Cells) {
-            if (cell.Item->Kind == TItemKind::Text) {
-                lines = std::max(lines, AddCell(cell));
+            if (const auto* const text = cell.Item->As<TPreparedText>()) {
+                lines = std::max(lines, AddCell(cell, *text));
             }
         }
         return lines;
     }
 
     /// The lines that the cell takes.
-    int AddCell(const TGridCell& cell) {
-        const TPreparedItem& item = *cell.Item;
-        const bool right = item.Look.Align == TAlign::Right;
+    int AddCell(const TGridCell& cell, const TPreparedText& text) {
+        const bool right = text.Look.Align == TAlign::Right;
         // Figures of one column end at one edge, whatever their widths are.
         const int column = right ? cell.Column + cell.Span - 1 : cell.Column;
-        if (item.Number) {
-            AddNumber(FRow, column, item, {*item.Number, MaskOf(item.Format)}, item.Whole.size());
+        if (text.Number) {
+            AddNumber(FRow, column, text, {*text.Number, MaskOf(text.Format)}, text.Whole.size());
             return 1;
         }
         // One line in a cell: what was broken into several goes below each other.
         int row = FRow;
-        for (const QString& each : item.Whole.trimmed().split(u'\n')) {
+        for (const QString& each : text.Whole.trimmed().split(u'\n')) {
             const QString line = each.trimmed();
             if (const auto figure = right ? FigureOf(line, FLocale) : std::nullopt) {
-                AddNumber(row, column, item, *figure, line.size());
+                AddNumber(row, column, text, *figure, line.size());
             } else {
-                FPage.SetText(row, column, line.toStdString(), Style(item, {}));
+                FPage.SetText(row, column, line.toStdString(), Style(text, {}));
             }
             ++row;
         }
         return row - FRow;
     }
 
-    void AddNumber(int row, int column, const TPreparedItem& item, const TFigure& figure, qsizetype letters) {
-        FPage.SetNumber(row, column, figure.Number, Style(item, figure.Mask));
+    void AddNumber(int row, int column, const TPreparedText& text, const TFigure& figure, qsizetype letters) {
+        FPage.SetNumber(row, column, figure.Number, Style(text, figure.Mask));
         // A text runs on over its neighbours; a figure without room shows as "###".
         int& width = FWidths[static_cast<std::size_t>(column)];
         width = std::max(width, static_cast<int>(letters + 2) * DigitPixels);
     }
 
-    std::uint16_t Style(const TPreparedItem& item, const std::string& format) {
+    std::uint16_t Style(const TPreparedText& text, const std::string& format) {
         TSpreadsheetStyle style;
-        style.Bold = item.Look.Bold;
-        style.Alignment = item.Look.Align == TAlign::Right ? TlotAlignment::Right : TlotAlignment::Left;
+        style.Bold = text.Look.Bold;
+        style.Alignment = text.Look.Align == TAlign::Right ? TlotAlignment::Right : TlotAlignment::Left;
         style.Format = format;
         return FPage.Style(style);
     }

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <utility>
+#include <variant>
 
 namespace report {
 
@@ -103,7 +105,7 @@ bool HoldsMark(const QString& text) {
 
 } // namespace
 
-QString TBandMaker::PartText(const TTemplateObject& object, const TTextPart& part, TPreparedItem& item) const {
+QString TBandMaker::PartText(const TTextPart& part, bool alone, TPreparedText& text) const {
     if (!part.Expression) {
         return part.Literal;
     }
@@ -118,54 +120,53 @@ QString TBandMaker::PartText(const TTemplateObject& object, const TTextPart& par
     const std::string format =
         part.FormatExpression ? FScope.Evaluate(*part.FormatExpression).AsText() : part.Format.toStdString();
     try {
-        const QString text = QString::fromStdString(FormatFigure(format, *number, FLocale));
-        if (object.Parts.size() == 1) {
-            item.Number = *number;
-            item.Format = format;
+        const QString figure = QString::fromStdString(FormatFigure(format, *number, FLocale));
+        if (alone) {
+            text.Number = *number;
+            text.Format = format;
         }
-        return text;
+        return figure;
     } catch (const ELotError& error) {
         FailAt(part.Expression->Place, QString::fromUtf8(error.what()));
     }
 }
 
-void TBandMaker::MakeText(const TTemplateObject& object, TPreparedItem& item) {
-    item.Look = object.Look;
-    QString text;
-    for (const TTextPart& part : object.Parts) {
-        text += PartText(object, part, item);
+void TBandMaker::MakeText(const TTemplateText& source, bool collapse, TPreparedItem& item) {
+    TPreparedText& text = item.Content.emplace<TPreparedText>();
+    text.Look = source.Look;
+    for (const TTextPart& part : source.Parts) {
+        text.Whole += PartText(part, source.Parts.size() == 1, text);
     }
-    item.Whole = text;
-    item.HoldsPageNumber = HoldsMark(text);
-    if (!object.Wrap) {
-        FMeasure.FitLine(item, text);
+    text.HoldsPageNumber = HoldsMark(text.Whole);
+    if (!source.Wrap) {
+        FMeasure.FitLine(text, item.Rect.width());
         return;
     }
-    item.Lines = FMeasure.Break(text, item.Look, item.Rect.width());
-    const double height = TTextMeasure::LineHeight(item.Look) * static_cast<double>(item.Lines.size());
-    if (object.Collapse && item.Lines.empty()) {
+    text.Lines = FMeasure.Break(text.Whole, text.Look, item.Rect.width());
+    const double height = TTextMeasure::LineHeight(text.Look) * static_cast<double>(text.Lines.size());
+    if (collapse && text.Lines.empty()) {
         item.Rect.setHeight(0);
     } else {
         item.Rect.setHeight(std::max(item.Rect.height(), height));
     }
 }
 
-void TBandMaker::MakeChart(const TTemplateObject& object, TPreparedItem& item) const {
-    TlotTable& table = *FScope.FindTable(object.DataSet);
+TPreparedChart TBandMaker::MakeChart(const TTemplateChart& source) const {
+    TlotTable& table = *FScope.FindTable(source.DataSet);
     std::vector<TChartValue> values;
     ForEachRow(table, [&] {
-        if (FScope.IsTrue(object.Filter, true)) {
+        if (FScope.IsTrue(source.Filter, true)) {
             const TlotRow row = table.Current();
-            values.push_back({QString::fromStdString(row.Text(object.NameField)), row.Number(object.ValueField)});
+            values.push_back({QString::fromStdString(row.Text(source.NameField)), row.Number(source.ValueField)});
         }
     });
-    auto chart = std::make_shared<TPreparedChart>();
-    chart->Look = object.Look;
+    TPreparedChart chart;
+    chart.Look = source.Look;
     for (const TChartValue& slice : PieSlices(values, "Other")) {
-        chart->Slices.push_back({slice.Name, slice.Value, ChartRgb(chart->Slices.size())});
-        chart->Total += slice.Value;
+        chart.Slices.push_back({slice.Name, slice.Value, ChartRgb(chart.Slices.size())});
+        chart.Total += slice.Value;
     }
-    item.Chart = std::move(chart);
+    return chart;
 }
 
 std::vector<TPreparedItem> TBandMaker::MakeItems(const TTemplateObject& object) {
@@ -186,24 +187,29 @@ std::vector<TPreparedItem> TBandMaker::MakeItems(const TTemplateObject& object) 
 }
 
 TPreparedItem TBandMaker::MakeItem(const TTemplateObject& object, const QRectF& rect) {
+    struct TMaker {
+        TBandMaker& Maker;
+        const TTemplateObject& Object;
+        TPreparedItem& Item;
+
+        void operator()(const TTemplateText& text) const { Maker.MakeText(text, Object.Collapse, Item); }
+        void operator()(const TTemplateLine& line) const { Item.Content = TPreparedLine{line.Stroke, line.Width}; }
+        void operator()(const TTemplateBox& box) const { Item.Content = TPreparedBox{box.Stroke, box.Width}; }
+        void operator()(const TTemplatePicture& picture) const {
+            Item.Content = TPreparedPicture{picture.Image, picture.Align, picture.VAlign};
+        }
+        void operator()(const TTemplateGradient&) const { Item.Content = TPreparedGradient{}; }
+        void operator()(const TTemplateChart& chart) const { Item.Content = Maker.MakeChart(chart); }
+    };
     TPreparedItem item;
-    item.Kind = object.Kind;
     item.Rect = rect;
     item.Name = object.Name;
-    item.Look = object.Look;
-    item.Stroke = object.Stroke;
-    item.StrokeWidth = object.StrokeWidth;
     item.Fill = object.Fill;
-    item.Picture = object.Picture;
     if (object.FillExpression) {
         const double colour = FScope.Evaluate(*object.FillExpression).AsNumber();
         item.Fill = 0xFF000000U | (static_cast<QRgb>(std::clamp(colour, 0.0, 16777215.0)) & 0xFFFFFFU);
     }
-    if (object.Kind == TItemKind::Text) {
-        MakeText(object, item);
-    } else if (object.Kind == TItemKind::Chart) {
-        MakeChart(object, item);
-    }
+    std::visit(TMaker{*this, object, item}, object.Content);
     return item;
 }
 

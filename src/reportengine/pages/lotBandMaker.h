@@ -23,9 +23,11 @@ private:
     [[nodiscard]] TPreparedItem MakeItem(const TTemplateObject& object, const QRectF& rect);
     /// The items of an object: one, or one for each row of the table that it runs across.
     [[nodiscard]] std::vector<TPreparedItem> MakeItems(const TTemplateObject& object);
-    void MakeText(const TTemplateObject& object, TPreparedItem& item);
-    [[nodiscard]] QString PartText(const TTemplateObject& object, const TTextPart& part, TPreparedItem& item) const;
-    void MakeChart(const TTemplateObject& object, TPreparedItem& item) const;
+    /// Gives the item its text, and the height that this takes.
+    void MakeText(const TTemplateText& source, bool collapse, TPreparedItem& item);
+    /// What a part says; a figure that stands alone is kept in `text`.
+    [[nodiscard]] QString PartText(const TTextPart& part, bool alone, TPreparedText& text) const;
+    [[nodiscard]] TPreparedChart MakeChart(const TTemplateChart& source) const;
 
     const TReportScope& FScope;
     TNumberLocale FLocale;

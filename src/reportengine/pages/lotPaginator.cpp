@@ -25,13 +25,37 @@ double HeightOf(std::span<const TFlowBand> block) {
 
 bool MayBeCut(const TPreparedBand& band) {
     return std::ranges::any_of(band.Items, [](const TPreparedItem& item) {
-        return item.Kind == TItemKind::Text && item.Lines.size() >= SplitLines;
+        const auto* const text = item.As<TPreparedText>();
+        return text != nullptr && text->Lines.size() >= SplitLines;
     });
 }
 
 /// What must be free on a page for the band to begin there.
 double LeastHeight(const TPreparedBand& band) {
     return MayBeCut(band) ? std::min(band.Height, LeastOfAText) : band.Height;
+}
+
+/// Cuts a text; `rest` is a copy of it to begin with.
+void CutText(TPreparedItem& item, TPreparedItem& rest, double cut) {
+    TPreparedText& text = *item.As<TPreparedText>();
+    TPreparedText& below = *rest.As<TPreparedText>();
+    const double step = TTextMeasure::LineHeight(text.Look);
+    auto lines = static_cast<std::size_t>(std::max(0.0, std::floor((cut - item.Rect.top() + Slack) / step)));
+    lines = std::min(lines, text.Lines.size());
+    if (text.Lines.size() - lines < FewestLines && text.Lines.size() >= 2 * FewestLines) {
+        lines = text.Lines.size() - FewestLines;
+    }
+    if (lines < FewestLines) {
+        lines = 0;
+    }
+    below.Lines.erase(below.Lines.begin(), below.Lines.begin() + static_cast<std::ptrdiff_t>(lines));
+    text.Lines.resize(lines);
+    item.Rect.setHeight(step * static_cast<double>(lines));
+    rest.Rect = QRectF(rest.Rect.left(), lines == 0 ? std::max(0.0, rest.Rect.top() - cut) : 0, rest.Rect.width(),
+                       step * static_cast<double>(below.Lines.size()));
+    for (TPreparedText* const part : {&text, &below}) {
+        part->Whole = QStringList(part->Lines.begin(), part->Lines.end()).join(u' ');
+    }
 }
 
 /// The part of an item below the cut, `cut` twips below the band's top; the item keeps what is above. Nothing if all of
@@ -41,36 +65,15 @@ std::optional<TPreparedItem> CutItem(TPreparedItem& item, double cut) {
         return std::nullopt;
     }
     TPreparedItem rest = item;
-    if (item.Kind != TItemKind::Text || item.Lines.empty()) {
-        if (item.Rect.top() < Slack && item.Kind == TItemKind::Box) { // A ground goes on behind the rest.
-            item.Rect.setBottom(cut);
-            rest.Rect = QRectF(rest.Rect.left(), 0, rest.Rect.width(), rest.Rect.height() - cut);
-            return rest;
-        }
+    if (const auto* const text = item.As<TPreparedText>(); text != nullptr && !text->Lines.empty()) {
+        CutText(item, rest, cut);
+    } else if (item.Is<TPreparedBox>() && item.Rect.top() < Slack) { // A ground goes on behind the rest.
+        item.Rect.setBottom(cut);
+        rest.Rect = QRectF(rest.Rect.left(), 0, rest.Rect.width(), rest.Rect.height() - cut);
+    } else {
         item.Rect = QRectF();
         rest.Rect.moveTop(std::max(0.0, rest.Rect.top() - cut));
-        return rest;
     }
-    const double step = TTextMeasure::LineHeight(item.Look);
-    auto lines = static_cast<std::size_t>(std::max(0.0, std::floor((cut - item.Rect.top() + Slack) / step)));
-    lines = std::min(lines, item.Lines.size());
-    if (item.Lines.size() - lines < FewestLines && item.Lines.size() >= 2 * FewestLines) {
-        lines = item.Lines.size() - FewestLines;
-    }
-    if (lines < FewestLines) {
-        lines = 0;
-    }
-    const auto at = static_cast<std::ptrdiff_t>(lines);
-    rest.Lines.assign(item.Lines.begin() + at, item.Lines.end());
-    item.Lines.resize(lines);
-    item.Rect.setHeight(step * static_cast<double>(lines));
-    rest.Rect = QRectF(rest.Rect.left(), lines == 0 ? std::max(0.0, rest.Rect.top() - cut) : 0, rest.Rect.width(),
-                       step * static_cast<double>(rest.Lines.size()));
-    const auto join = [](const std::vector<QString>& texts) {
-        return QStringList(texts.begin(), texts.end()).join(u' ');
-    };
-    item.Whole = join(item.Lines);
-    rest.Whole = join(rest.Lines);
     return rest;
 }
 
@@ -167,8 +170,10 @@ void TPaginator::PlaceSplit(TFlowBand& flow) {
         }
     }
     std::erase_if(part.Band.Items, [](const TPreparedItem& item) { return item.Rect.isNull(); });
-    const bool any =
-        std::ranges::any_of(part.Band.Items, [](const TPreparedItem& item) { return !item.Lines.empty(); });
+    const bool any = std::ranges::any_of(part.Band.Items, [](const TPreparedItem& item) {
+        const auto* const text = item.As<TPreparedText>();
+        return text != nullptr && !text->Lines.empty();
+    });
     if (!any) {
         return; // Not even two lines: all of it goes to the next page.
     }

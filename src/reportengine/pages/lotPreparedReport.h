@@ -16,15 +16,46 @@
 #include <QRgb>
 #include <QSizeF>
 #include <QString>
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace report {
 
-enum class TItemKind : std::uint8_t { Text, Line, Box, Picture, Gradient, Chart };
+/// A text, broken into its lines.
+struct TPreparedText {
+    TTextLook Look;
+    std::vector<QString> Lines;   ///< Without line ends.
+    bool Elided = false;          ///< The line was too long for its place, and ends in an ellipsis.
+    QString Whole;                ///< The text before it was broken into lines.
+    std::optional<double> Number; ///< Where the text is one figure: the figure, a percentage as its percent figure.
+    std::string Format;           ///< Of Number: a mask (",0.00", "0.000%") or a number format ("%2.2n").
+    bool HoldsPageNumber = false;
+};
+
+/// From the top left to the bottom right of its rectangle.
+struct TPreparedLine {
+    QRgb Stroke = 0;  ///< Alpha 0: none.
+    double Width = 0; ///< Twips.
+};
+
+/// A frame around its rectangle.
+struct TPreparedBox {
+    QRgb Stroke = 0;  ///< Alpha 0: none.
+    double Width = 0; ///< Twips.
+};
+
+/// Drawn whole and undistorted at its place in the rectangle.
+struct TPreparedPicture {
+    std::shared_ptr<const QImage> Image; ///< Null for none.
+    TAlign Align = TAlign::Centre;
+    TVAlign VAlign = TVAlign::Centre;
+};
+
+/// The report's gradient.
+struct TPreparedGradient {};
 
 struct TChartSlice {
     QString Name;
@@ -35,34 +66,26 @@ struct TChartSlice {
 /// A pie with its key.
 struct TPreparedChart {
     std::vector<TChartSlice> Slices; ///< All above 0, in their order.
-    double Total = 0;
-    TTextLook Look; ///< Of the key.
+    double Total = 0;                ///< Of the slices; 0 where there is none, and nothing to draw.
+    TTextLook Look;                  ///< Of the key.
 };
 
-/// One placed thing. Which fields count depends on its kind.
+using TPreparedContent =
+    std::variant<TPreparedText, TPreparedLine, TPreparedBox, TPreparedPicture, TPreparedGradient, TPreparedChart>;
+
+/// One placed thing.
 struct TPreparedItem {
-    TItemKind Kind = TItemKind::Text;
-    QRectF Rect;  ///< From the top left corner of its band. A line goes from the top left to the bottom right.
-    QString Name; ///< Of the template's object.
+    QRectF Rect;   ///< From the top left corner of its band.
+    QString Name;  ///< Of the template's object.
+    QRgb Fill = 0; ///< Behind a text, in a box, in the table cell of a picture or chart; alpha 0: none.
+    TPreparedContent Content;
 
-    // Text
-    TTextLook Look;
-    std::vector<QString> Lines;   ///< Without line ends.
-    bool Elided = false;          ///< The line was too long for its place, and ends in an ellipsis.
-    QString Whole;                ///< The text before it was broken into lines.
-    std::optional<double> Number; ///< Where the text is one figure: the figure, a percentage as its percent figure.
-    std::string Format;           ///< Of Number: a mask (",0.00", "0.000%") or a number format ("%2.2n").
-    bool HoldsPageNumber = false;
-
-    // Line, box
-    QRgb Stroke = 0;        ///< Alpha 0: none.
-    double StrokeWidth = 0; ///< Twips.
-    QRgb Fill = 0;          ///< Of a box, and behind a text; alpha 0: none.
-
-    // Picture. Drawn whole and undistorted in the middle (or at the side that Look.Align tells) of the rectangle.
-    std::shared_ptr<const QImage> Picture;
-
-    std::shared_ptr<const TPreparedChart> Chart;
+    /// What it is if it is one of those, otherwise null.
+    template <typename T> [[nodiscard]] const T* As() const noexcept { return std::get_if<T>(&Content); }
+    template <typename T> [[nodiscard]] T* As() noexcept { return std::get_if<T>(&Content); }
+    template <typename T> [[nodiscard]] bool Is() const noexcept { return std::holds_alternative<T>(Content); }
+    /// On which side its content stands; left for what fills its rectangle.
+    [[nodiscard]] TAlign Align() const noexcept;
 };
 
 /// One printing of a band.
@@ -89,6 +112,16 @@ struct TOutlineEntry {
     double Top = 0; ///< On the page.
     int Level = 0;  ///< From 0.
 };
+
+inline TAlign TPreparedItem::Align() const noexcept {
+    const auto* const text = As<TPreparedText>();
+    const auto* const picture = As<TPreparedPicture>();
+    const auto* const chart = As<TPreparedChart>();
+    return text != nullptr      ? text->Look.Align
+           : picture != nullptr ? picture->Align
+           : chart != nullptr   ? chart->Look.Align
+                                : TAlign::Left;
+}
 
 struct TPreparedReport {
     std::vector<TPreparedPage> Pages;

@@ -8,66 +8,95 @@
 #include <QPainterPath>
 #include <algorithm>
 #include <cmath>
+#include <variant>
 
 namespace report {
 
 namespace {
 
-void PaintText(QPainter& painter, const TPreparedItem& item) {
-    if (qAlpha(item.Fill) != 0) {
-        painter.fillRect(item.Rect, QColor::fromRgba(item.Fill));
+/// Draws the content of one item.
+class TItemPainter {
+public:
+    TItemPainter(QPainter& painter, const TPreparedReport& report, const TPreparedItem& item)
+        : FPainter(painter), FReport(report), FItem(item), FRect(item.Rect) {}
+
+    void operator()(const TPreparedText& text) const;
+    void operator()(const TPreparedLine& line) const {
+        FPainter.setPen(QPen(QColor::fromRgba(line.Stroke), line.Width, Qt::SolidLine, Qt::FlatCap));
+        FPainter.drawLine(FRect.topLeft(), FRect.bottomRight());
     }
-    const QFont font = TwipFont(item.Look);
+    void operator()(const TPreparedBox& box) const;
+    void operator()(const TPreparedPicture& picture) const;
+    void operator()(const TPreparedGradient&) const { FReport.Gradient.Paint(FPainter, FRect); }
+    void operator()(const TPreparedChart& chart) const;
+
+private:
+    void PaintGround() const {
+        if (qAlpha(FItem.Fill) != 0) {
+            FPainter.fillRect(FRect, QColor::fromRgba(FItem.Fill));
+        }
+    }
+
+    QPainter& FPainter;
+    const TPreparedReport& FReport;
+    const TPreparedItem& FItem;
+    const QRectF& FRect;
+};
+
+void TItemPainter::operator()(const TPreparedText& text) const {
+    PaintGround();
+    const QFont font = TwipFont(text.Look);
     const QFontMetricsF metrics(font);
-    painter.setFont(font);
-    painter.setPen(QColor::fromRgba(item.Look.Colour));
-    const double size = item.Look.Size * TwipsPerPoint;
-    const double step = size * item.Look.LineSpacing;
-    const double height = step * static_cast<double>(item.Lines.size());
-    double top = item.Rect.top();
-    if (item.Look.VAlign == TVAlign::Centre) {
-        top += (item.Rect.height() - height) / 2;
-    } else if (item.Look.VAlign == TVAlign::Bottom) {
-        top += item.Rect.height() - height;
+    FPainter.setFont(font);
+    FPainter.setPen(QColor::fromRgba(text.Look.Colour));
+    const double step = text.Look.Size * TwipsPerPoint * text.Look.LineSpacing;
+    const double height = step * static_cast<double>(text.Lines.size());
+    double top = FRect.top();
+    if (text.Look.VAlign == TVAlign::Centre) {
+        top += (FRect.height() - height) / 2;
+    } else if (text.Look.VAlign == TVAlign::Bottom) {
+        top += FRect.height() - height;
     }
     // Letters stand in the middle of their line's height.
     double base = top + (step - (metrics.ascent() + metrics.descent())) / 2 + metrics.ascent();
-    for (const QString& line : item.Lines) {
-        const double spare = item.Look.Align == TAlign::Left ? 0 : item.Rect.width() - metrics.horizontalAdvance(line);
-        const double left = item.Rect.left() + (item.Look.Align == TAlign::Centre ? spare / 2 : spare);
-        painter.drawText(QPointF(left, base), line);
+    for (const QString& line : text.Lines) {
+        const double spare = text.Look.Align == TAlign::Left ? 0 : FRect.width() - metrics.horizontalAdvance(line);
+        const double left = FRect.left() + (text.Look.Align == TAlign::Centre ? spare / 2 : spare);
+        FPainter.drawText(QPointF(left, base), line);
         base += step;
     }
 }
 
-void PaintPicture(QPainter& painter, const TPreparedItem& item) {
-    if (item.Picture == nullptr || item.Picture->isNull()) {
+void TItemPainter::operator()(const TPreparedPicture& picture) const {
+    if (picture.Image == nullptr || picture.Image->isNull()) {
         return;
     }
-    const QSizeF size = QSizeF(item.Picture->size()).scaled(item.Rect.size(), Qt::KeepAspectRatio);
-    const double spareWidth = item.Rect.width() - size.width();
-    const double spareHeight = item.Rect.height() - size.height();
-    const double left = item.Look.Align == TAlign::Left    ? 0
-                        : item.Look.Align == TAlign::Right ? spareWidth
-                                                           : spareWidth / 2;
-    const double top = item.Look.VAlign == TVAlign::Top      ? 0
-                       : item.Look.VAlign == TVAlign::Bottom ? spareHeight
-                                                             : spareHeight / 2;
-    painter.drawImage(QRectF(item.Rect.topLeft() + QPointF(left, top), size), *item.Picture);
+    const QSizeF size = QSizeF(picture.Image->size()).scaled(FRect.size(), Qt::KeepAspectRatio);
+    const double spareWidth = FRect.width() - size.width();
+    const double spareHeight = FRect.height() - size.height();
+    const double left = picture.Align == TAlign::Left    ? 0
+                        : picture.Align == TAlign::Right ? spareWidth
+                                                         : spareWidth / 2;
+    const double top = picture.VAlign == TVAlign::Top      ? 0
+                       : picture.VAlign == TVAlign::Bottom ? spareHeight
+                                                           : spareHeight / 2;
+    FPainter.drawImage(QRectF(FRect.topLeft() + QPointF(left, top), size), *picture.Image);
 }
 
 /// A pie on the left and its key, a line a slice, on the right.
-void PaintChart(QPainter& painter, const TPreparedItem& item) {
-    const TPreparedChart& chart = *item.Chart;
+void TItemPainter::operator()(const TPreparedChart& chart) const {
+    if (!(chart.Total > 0)) {
+        return;
+    }
     const double size = chart.Look.Size * TwipsPerPoint;
     const double row = size * 1.7;
-    const double diameter = std::min(item.Rect.height(), item.Rect.width() * 0.4);
-    const QRectF pie(item.Rect.left(), item.Rect.top() + (item.Rect.height() - diameter) / 2, diameter, diameter);
-    const double middle = item.Rect.top() + item.Rect.height() / 2;
+    const double diameter = std::min(FRect.height(), FRect.width() * 0.4);
+    const QRectF pie(FRect.left(), FRect.top() + (FRect.height() - diameter) / 2, diameter, diameter);
+    const double middle = FRect.top() + FRect.height() / 2;
     double keyTop = middle - row * static_cast<double>(chart.Slices.size()) / 2;
     const double keyLeft = pie.right() + size * 2;
 
-    painter.setRenderHint(QPainter::Antialiasing);
+    FPainter.setRenderHint(QPainter::Antialiasing);
     const QFont font = TwipFont(chart.Look);
     const QFontMetricsF metrics(font);
     double share = 0;
@@ -76,53 +105,36 @@ void PaintChart(QPainter& painter, const TPreparedItem& item) {
         QPainterPath path(pie.center());
         path.arcTo(pie, 90 - share * 360, -part * 360);
         path.closeSubpath();
-        painter.setPen(chart.Slices.size() > 1 ? QPen(Qt::white, size / 9) : QPen(Qt::NoPen));
-        painter.setBrush(QColor::fromRgba(slice.Colour));
-        painter.drawPath(path);
+        FPainter.setPen(chart.Slices.size() > 1 ? QPen(Qt::white, size / 9) : QPen(Qt::NoPen));
+        FPainter.setBrush(QColor::fromRgba(slice.Colour));
+        FPainter.drawPath(path);
         share += part;
 
-        painter.setPen(Qt::NoPen);
-        painter.drawRect(QRectF(keyLeft, keyTop + (row - size) / 2, size, size));
-        painter.setFont(font);
-        painter.setPen(QColor::fromRgba(chart.Look.Colour));
+        FPainter.setPen(Qt::NoPen);
+        FPainter.drawRect(QRectF(keyLeft, keyTop + (row - size) / 2, size, size));
+        FPainter.setFont(font);
+        FPainter.setPen(QColor::fromRgba(chart.Look.Colour));
         const double base = keyTop + (row - metrics.ascent() - metrics.descent()) / 2 + metrics.ascent();
         const QString percent = QString::number(part * 100, 'f', 1) + "%";
-        const double right = item.Rect.right();
+        const double right = FRect.right();
         const double room = right - keyLeft - size * 6;
-        painter.drawText(QPointF(keyLeft + size * 1.7, base), metrics.elidedText(slice.Name, Qt::ElideRight, room));
-        painter.drawText(QPointF(right - metrics.horizontalAdvance(percent), base), percent);
+        FPainter.drawText(QPointF(keyLeft + size * 1.7, base), metrics.elidedText(slice.Name, Qt::ElideRight, room));
+        FPainter.drawText(QPointF(right - metrics.horizontalAdvance(percent), base), percent);
         keyTop += row;
     }
 }
 
-void PaintBox(QPainter& painter, const TPreparedItem& item) {
-    if (qAlpha(item.Fill) != 0) {
-        painter.fillRect(item.Rect, QColor::fromRgba(item.Fill));
-    }
-    if (qAlpha(item.Stroke) != 0 && item.StrokeWidth > 0) {
-        painter.setPen(
-            QPen(QColor::fromRgba(item.Stroke), item.StrokeWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(item.Rect);
+void TItemPainter::operator()(const TPreparedBox& box) const {
+    PaintGround();
+    if (qAlpha(box.Stroke) != 0 && box.Width > 0) {
+        FPainter.setPen(QPen(QColor::fromRgba(box.Stroke), box.Width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+        FPainter.setBrush(Qt::NoBrush);
+        FPainter.drawRect(FRect);
     }
 }
 
 void PaintItem(QPainter& painter, const TPreparedReport& report, const TPreparedItem& item) {
-    switch (item.Kind) {
-    case TItemKind::Text: PaintText(painter, item); break;
-    case TItemKind::Line:
-        painter.setPen(QPen(QColor::fromRgba(item.Stroke), item.StrokeWidth, Qt::SolidLine, Qt::FlatCap));
-        painter.drawLine(item.Rect.topLeft(), item.Rect.bottomRight());
-        break;
-    case TItemKind::Box: PaintBox(painter, item); break;
-    case TItemKind::Picture: PaintPicture(painter, item); break;
-    case TItemKind::Gradient: report.Gradient.Paint(painter, item.Rect); break;
-    case TItemKind::Chart:
-        if (item.Chart != nullptr && item.Chart->Total > 0) {
-            PaintChart(painter, item);
-        }
-        break;
-    }
+    std::visit(TItemPainter(painter, report, item), item.Content);
 }
 
 } // namespace

@@ -6,16 +6,17 @@ namespace report {
 namespace {
 
 bool Holds(const TPreparedItem& item, const QString& words) {
-    if (item.Kind != TItemKind::Text) {
+    const auto* const text = item.As<TPreparedText>();
+    if (text == nullptr) {
         return false;
     }
-    QString text;
-    for (const QString& line : item.Lines) {
-        text += (text.isEmpty() ? "" : " ") + line;
+    QString joined;
+    for (const QString& line : text->Lines) {
+        joined += (joined.isEmpty() ? "" : " ") + line;
     }
     // What was cut off for want of room is still looked for.
-    return text.contains(words, Qt::CaseInsensitive) ||
-           (item.Elided && item.Whole.contains(words, Qt::CaseInsensitive));
+    return joined.contains(words, Qt::CaseInsensitive) ||
+           (text->Elided && text->Whole.contains(words, Qt::CaseInsensitive));
 }
 
 } // namespace

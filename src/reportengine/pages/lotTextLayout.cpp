@@ -63,25 +63,24 @@ std::vector<QString> TTextMeasure::Break(const QString& text, const TTextLook& l
     return lines;
 }
 
-void TTextMeasure::FitLine(TPreparedItem& item, const QString& text) {
-    QString line = text;
+void TTextMeasure::FitLine(TPreparedText& text, double width) {
+    QString line = text.Whole;
     line.replace(u'\r', QString()).replace(u'\n', u' ');
-    item.Lines.clear();
+    text.Lines.clear();
     if (line.isEmpty()) {
         return;
     }
-    const double width = item.Rect.width();
-    const double wanted = Width(line, item.Look);
+    const double wanted = Width(line, text.Look);
     if (wanted > width + Slack && width > 0) {
         // Steps of a tenth of a point, so that few sizes of a font come into use.
-        const double fitting = std::floor(item.Look.Size * width / wanted * 10) / 10;
-        item.Look.Size = std::max(fitting, std::ceil(item.Look.Size * SmallestSize * 10) / 10);
-        if (const TFace& face = Face(item.Look); face.Metrics.horizontalAdvance(line) > width + Slack) {
+        const double fitting = std::floor(text.Look.Size * width / wanted * 10) / 10;
+        text.Look.Size = std::max(fitting, std::ceil(text.Look.Size * SmallestSize * 10) / 10);
+        if (const TFace& face = Face(text.Look); face.Metrics.horizontalAdvance(line) > width + Slack) {
             line = face.Metrics.elidedText(line, Qt::ElideRight, width);
-            item.Elided = true;
+            text.Elided = true;
         }
     }
-    item.Lines.push_back(line);
+    text.Lines.push_back(line);
 }
 
 } // namespace report

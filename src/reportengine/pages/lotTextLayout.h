@@ -23,9 +23,9 @@ public:
     /// text gives no line.
     [[nodiscard]] std::vector<QString> Break(const QString& text, const TTextLook& look, double width);
 
-    /// Puts the text of a single line into the item: at its look's size where it fits, otherwise as much smaller as can
-    /// still be read, in the end with an ellipsis.
-    void FitLine(TPreparedItem& item, const QString& text);
+    /// Makes one line of the whole text: at its look's size where it fits into the width, otherwise as much smaller as
+    /// can still be read, in the end with an ellipsis.
+    void FitLine(TPreparedText& text, double width);
 
 private:
     struct TFace {

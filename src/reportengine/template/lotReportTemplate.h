@@ -4,13 +4,21 @@
 // element and attribute is what these fields mean. Lengths are twips.
 #pragma once
 
-#include "reportengine/pages/lotPreparedReport.h"
 #include "reportengine/template/lotReportExpression.h"
 #include "reportengine/template/lotReportLook.h"
 #include "reportengine/template/lotTemplateXml.h"
 
+#include <QImage>
+#include <QMarginsF>
+#include <QRectF>
+#include <QRgb>
+#include <QSizeF>
+#include <QString>
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace report {
@@ -35,34 +43,54 @@ enum class TAnchor : std::uint8_t {
     Stretch, ///< Keeps both.
 };
 
+struct TTemplateText {
+    std::vector<TTextPart> Parts;
+    TTextLook Look;
+    bool Wrap = true; ///< Breaks into lines, and grows with them; otherwise one line, set smaller where it must be.
+};
+
+struct TTemplateLine {
+    QRgb Stroke = 0;
+    double Width = 0;
+};
+
+struct TTemplateBox {
+    QRgb Stroke = 0;
+    double Width = 0;
+};
+
+struct TTemplatePicture {
+    std::shared_ptr<const QImage> Image; ///< Null until one is set.
+    TAlign Align = TAlign::Centre;
+    TVAlign VAlign = TVAlign::Centre;
+};
+
+struct TTemplateGradient {};
+
+/// A pie of the figures of a table.
+struct TTemplateChart {
+    TTextLook Look; ///< Of its key.
+    std::string DataSet;
+    std::string NameField;
+    std::string ValueField;
+    std::optional<TPlacedExpression> Filter; ///< Which rows it shows.
+};
+
+using TTemplateContent =
+    std::variant<TTemplateText, TTemplateLine, TTemplateBox, TTemplatePicture, TTemplateGradient, TTemplateChart>;
+
 struct TTemplateObject {
-    TItemKind Kind = TItemKind::Text;
     QString Name;
     TTemplatePlace Place;
     QRectF Rect; ///< In its band.
     TAnchor Anchor = TAnchor::Top;
     std::optional<TPlacedExpression> Visible;
-
-    // Text
-    std::vector<TTextPart> Parts;
-    TTextLook Look;
-    bool Wrap = true; ///< Breaks into lines, and grows with them; otherwise one line, set smaller where it must be.
-    bool Collapse = false; ///< Takes no room when its text is empty.
-    std::string Across;    ///< A table: the text is repeated from left to right for each row of it, sharing the width.
-    double Pitch = 0;      ///< The most that one of them gets; 0 is no limit.
-
-    QRgb Stroke = 0;
-    double StrokeWidth = 0;
     QRgb Fill = 0;
     std::optional<TPlacedExpression> FillExpression; ///< A number 0xRRGGBB.
-
-    std::shared_ptr<const QImage> Picture;
-
-    // Chart
-    std::string DataSet;
-    std::string NameField;
-    std::string ValueField;
-    std::optional<TPlacedExpression> Filter; ///< Which rows it shows.
+    bool Collapse = false;                           ///< Takes no room when it isn't visible or its text is empty.
+    std::string Across; ///< A table: it is repeated from left to right for each row of it, sharing the width.
+    double Pitch = 0;   ///< The most that one of them gets; 0 is no limit.
+    TTemplateContent Content;
 };
 
 enum class TOnPages : std::uint8_t { All, First, NotFirst };

@@ -9,13 +9,24 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <span>
+#include <tuple>
 #include <utility>
+#include <variant>
 
 namespace report {
 
 namespace {
 
 constexpr double MostPoints = 200;
+
+/// An object's element as it is read.
+struct TSource {
+    const TTemplateElement& Element;
+    TAttributes& Attributes;
+    TAlign Align = TAlign::Left;
+    TVAlign VAlign = TVAlign::Top;
+};
 
 class TReader {
 public:
@@ -28,10 +39,14 @@ private:
     TTemplateBand ReadBand(const TTemplateElement& element, TBandKind kind);
     void ReadDataBand(const TTemplateElement& element, TTemplateBand& band);
     bool ReadInnerBand(const TTemplateElement& child, TTemplateBand& band);
-    TTemplateObject ReadObject(const TTemplateElement& element, TItemKind kind);
-    void ReadText(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object);
-    static void ReadPicture(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object);
-    void ReadChart(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object);
+    TTemplateObject ReadObject(const TTemplateElement& element, TTemplateContent content);
+    // What an object of each kind has beyond what all have.
+    void ReadContent(TTemplateText& text, const TSource& from, TTemplateObject& object) const;
+    static void ReadContent(TTemplateLine& line, const TSource& from, TTemplateObject& object);
+    static void ReadContent(TTemplateBox& box, const TSource& from, TTemplateObject& object);
+    static void ReadContent(TTemplatePicture& picture, const TSource& from, TTemplateObject& object);
+    static void ReadContent(TTemplateGradient& gradient, const TSource& from, TTemplateObject& object);
+    void ReadContent(TTemplateChart& chart, const TSource& from, TTemplateObject& object) const;
     [[nodiscard]] const TTemplateElement* StyleOf(const TTemplateElement& element) const;
     void CheckTable(const TTemplateElement& element, const std::string& name) const;
 
@@ -45,14 +60,25 @@ constexpr std::pair<const char*, TBandKind> PageBands[] = {
     {"Summary", TBandKind::Summary},
 };
 
-constexpr std::pair<const char*, TItemKind> Objects[] = {
-    {"Text", TItemKind::Text},       {"Line", TItemKind::Line},         {"Box", TItemKind::Box},
-    {"Picture", TItemKind::Picture}, {"Gradient", TItemKind::Gradient}, {"Chart", TItemKind::Chart},
+template <typename T> TTemplateContent Empty() {
+    return T{};
+}
+
+using TMakeContent = TTemplateContent (*)();
+
+constexpr std::pair<const char*, TMakeContent> Objects[] = {
+    {"Text", &Empty<TTemplateText>},       {"Line", &Empty<TTemplateLine>},         {"Box", &Empty<TTemplateBox>},
+    {"Picture", &Empty<TTemplatePicture>}, {"Gradient", &Empty<TTemplateGradient>}, {"Chart", &Empty<TTemplateChart>},
 };
 
 template <typename T> const T* FindWord(std::span<const std::pair<const char*, T>> words, const QString& word) {
     const auto found = std::ranges::find_if(words, [&](const auto& row) { return word == QLatin1String(row.first); });
     return found == words.end() ? nullptr : &found->second;
+}
+
+/// Twips; points in the file.
+double StrokeWidth(TAttributes& attributes) {
+    return attributes.Number("StrokeWidth", 0.5, 0, MostPoints) * TwipsPerPoint;
 }
 
 [[noreturn]] void RefuseElement(const TTemplateElement& child, const TTemplateElement& parent) {
@@ -158,8 +184,8 @@ TTemplateBand TReader::ReadBand(const TTemplateElement& element, TBandKind kind)
     }
     attributes.Finish();
     for (const TTemplateElement& child : element.Children) {
-        if (const TItemKind* const object = FindWord<TItemKind>(Objects, child.Name)) {
-            band.Objects.push_back(ReadObject(child, *object));
+        if (const TMakeContent* const make = FindWord<TMakeContent>(Objects, child.Name)) {
+            band.Objects.push_back(ReadObject(child, (*make)()));
         } else if (!data || !ReadInnerBand(child, band)) {
             RefuseElement(child, element);
         }
@@ -219,39 +245,29 @@ void TReader::CheckTable(const TTemplateElement& element, const std::string& nam
     }
 }
 
-TTemplateObject TReader::ReadObject(const TTemplateElement& element, TItemKind kind) {
+TTemplateObject TReader::ReadObject(const TTemplateElement& element, TTemplateContent content) {
     TAttributes attributes(element, FScope, StyleOf(element));
     TTemplateObject object;
-    object.Kind = kind;
     object.Place = element.Place;
     object.Name = attributes.Text("Name");
     std::ignore = attributes.Find("Style");
-    const double least = kind == TItemKind::Line ? -2000 : 0;
+    const double least = std::holds_alternative<TTemplateLine>(content) ? -2000 : 0;
     object.Rect = {attributes.Length("Left", 0, -2000), attributes.Length("Top", 0, -2000),
                    attributes.Length("Width", 0, least), attributes.Length("Height", 0, least)};
     object.Anchor = attributes.Choice<TAnchor>(
         "Anchor", TAnchor::Top, {{"Top", TAnchor::Top}, {"Bottom", TAnchor::Bottom}, {"Stretch", TAnchor::Stretch}});
     object.Visible = attributes.Expression("Visible");
-    object.Look.Align =
-        attributes.Choice<TAlign>("Align", kind == TItemKind::Picture ? TAlign::Centre : TAlign::Left,
+    const bool picture = std::holds_alternative<TTemplatePicture>(content);
+    TSource from{element, attributes};
+    from.Align =
+        attributes.Choice<TAlign>("Align", picture ? TAlign::Centre : TAlign::Left,
                                   {{"Left", TAlign::Left}, {"Centre", TAlign::Centre}, {"Right", TAlign::Right}});
-    object.Look.VAlign =
-        attributes.Choice<TVAlign>("VAlign", kind == TItemKind::Picture ? TVAlign::Centre : TVAlign::Top,
+    from.VAlign =
+        attributes.Choice<TVAlign>("VAlign", picture ? TVAlign::Centre : TVAlign::Top,
                                    {{"Top", TVAlign::Top}, {"Centre", TVAlign::Centre}, {"Bottom", TVAlign::Bottom}});
     object.Fill = attributes.Colour("Fill", 0, &object.FillExpression);
-    if (kind == TItemKind::Line || kind == TItemKind::Box) {
-        object.Stroke = attributes.Colour("Stroke", kind == TItemKind::Line ? 0xFF000000 : 0);
-        object.StrokeWidth = attributes.Number("StrokeWidth", 0.5, 0, MostPoints) * TwipsPerPoint;
-    }
-    if (kind == TItemKind::Text || kind == TItemKind::Chart) {
-        ReadText(element, attributes, object);
-    }
-    if (kind == TItemKind::Chart) {
-        ReadChart(element, attributes, object);
-    }
-    if (kind == TItemKind::Picture) {
-        ReadPicture(element, attributes, object);
-    }
+    std::visit([&](auto& each) { ReadContent(each, from, object); }, content);
+    object.Content = std::move(content);
     attributes.Finish();
     if (!element.Children.empty()) {
         RefuseElement(element.Children.front(), element);
@@ -259,48 +275,70 @@ TTemplateObject TReader::ReadObject(const TTemplateElement& element, TItemKind k
     return object;
 }
 
-void TReader::ReadText(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object) {
-    object.Look.Size = attributes.Number("Size", 9, 1, MostPoints);
-    object.Look.Bold = attributes.Boolean("Bold", false);
-    object.Look.Italic = attributes.Boolean("Italic", false);
-    object.Look.Colour = attributes.Colour("Colour", 0xFF000000);
-    object.Look.LineSpacing = attributes.Number("LineSpacing", 1.35, 0.5, 5);
-    object.Wrap = attributes.Boolean("Wrap", object.Look.Align != TAlign::Right);
+void TReader::ReadContent(TTemplateText& text, const TSource& from, TTemplateObject& object) const {
+    TAttributes& attributes = from.Attributes;
+    text.Look.Align = from.Align;
+    text.Look.VAlign = from.VAlign;
+    text.Look.Size = attributes.Number("Size", 9, 1, MostPoints);
+    text.Look.Bold = attributes.Boolean("Bold", false);
+    text.Look.Italic = attributes.Boolean("Italic", false);
+    text.Look.Colour = attributes.Colour("Colour", 0xFF000000);
+    text.Look.LineSpacing = attributes.Number("LineSpacing", 1.35, 0.5, 5);
+    text.Wrap = attributes.Boolean("Wrap", text.Look.Align != TAlign::Right);
     object.Collapse = attributes.Boolean("Collapse", false);
     object.Across = attributes.Text("Across").toStdString();
     object.Pitch = attributes.Length("Pitch", 0);
     if (!object.Across.empty()) {
-        CheckTable(element, object.Across);
+        CheckTable(from.Element, object.Across);
     }
     if (object.Rect.height() == 0) {
-        object.Rect.setHeight(object.Look.Size * object.Look.LineSpacing * TwipsPerPoint);
+        object.Rect.setHeight(text.Look.Size * text.Look.LineSpacing * TwipsPerPoint);
     }
     const QString format = attributes.Text("Format");
-    object.Parts = ParseText(element.Text, format, element.Place, FScope);
+    text.Parts = ParseText(from.Element.Text, format, from.Element.Place, FScope);
 }
 
-/// A picture of the template's own, from the folder of its file.
-void TReader::ReadPicture(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object) {
-    const QString file = attributes.Text("File");
+void TReader::ReadContent(TTemplateLine& line, const TSource& from, TTemplateObject&) {
+    line.Stroke = from.Attributes.Colour("Stroke", 0xFF000000);
+    line.Width = StrokeWidth(from.Attributes);
+}
+
+void TReader::ReadContent(TTemplateBox& box, const TSource& from, TTemplateObject&) {
+    box.Stroke = from.Attributes.Colour("Stroke", 0);
+    box.Width = StrokeWidth(from.Attributes);
+}
+
+/// A picture of the template's own comes from the folder of its file.
+void TReader::ReadContent(TTemplatePicture& picture, const TSource& from, TTemplateObject&) {
+    picture.Align = from.Align;
+    picture.VAlign = from.VAlign;
+    const QString file = from.Attributes.Text("File");
     if (file.isEmpty()) {
         return;
     }
-    const std::filesystem::path folder = std::filesystem::path(*element.Place.File).parent_path();
+    const TTemplatePlace& place = from.Element.Place;
+    const std::filesystem::path folder = std::filesystem::path(*place.File).parent_path();
     try {
-        object.Picture = LoadPicture((folder / QFile::encodeName(file).toStdString()).string());
+        picture.Image = LoadPicture((folder / QFile::encodeName(file).toStdString()).string());
     } catch (const ELotError& error) {
-        FailAt(element.Place, QString::fromUtf8(error.what()));
+        FailAt(place, QString::fromUtf8(error.what()));
     }
 }
 
-void TReader::ReadChart(const TTemplateElement& element, TAttributes& attributes, TTemplateObject& object) {
-    object.DataSet = attributes.Text("DataSet").toStdString();
-    CheckTable(element, object.DataSet);
-    object.NameField = attributes.Text("NameField", "Name").toStdString();
-    object.ValueField = attributes.Text("ValueField", "Value").toStdString();
-    object.Filter = attributes.Expression("Filter");
-    for (const std::string& field : {object.NameField, object.ValueField}) {
-        std::ignore = MakeExpression(QString::fromStdString(object.DataSet + "." + field), element.Place, FScope);
+void TReader::ReadContent(TTemplateGradient&, const TSource&, TTemplateObject&) {}
+
+/// A chart has the attributes of a text, for its key.
+void TReader::ReadContent(TTemplateChart& chart, const TSource& from, TTemplateObject& object) const {
+    TTemplateText key;
+    ReadContent(key, from, object);
+    chart.Look = key.Look;
+    chart.DataSet = from.Attributes.Text("DataSet").toStdString();
+    CheckTable(from.Element, chart.DataSet);
+    chart.NameField = from.Attributes.Text("NameField", "Name").toStdString();
+    chart.ValueField = from.Attributes.Text("ValueField", "Value").toStdString();
+    chart.Filter = from.Attributes.Expression("Filter");
+    for (const std::string& field : {chart.NameField, chart.ValueField}) {
+        std::ignore = MakeExpression(QString::fromStdString(chart.DataSet + "." + field), from.Element.Place, FScope);
     }
 }
 
