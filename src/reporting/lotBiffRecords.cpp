@@ -11,8 +11,7 @@ namespace {
 
 constexpr std::size_t LargestRecord = 8224;
 constexpr std::size_t LongestText = 32'767; // Letters of a cell.
-constexpr std::uint16_t SharedTexts = 0x00FC;
-constexpr std::uint16_t Continue = 0x003C;
+constexpr std::uint32_t fHighByte = 1;      // Letters of two bytes.
 
 std::u16string Utf16(std::string_view utf8) {
     std::u16string text;
@@ -30,13 +29,6 @@ std::u16string Utf16(std::string_view utf8) {
 
 bool IsNarrow(const std::u16string& text) {
     return std::ranges::all_of(text, [](char16_t c) { return c < 0x100; });
-}
-
-void PutLetter(std::string& bytes, char16_t letter, bool narrow) {
-    bytes += static_cast<char>(letter & 0xFF);
-    if (!narrow) {
-        bytes += static_cast<char>(letter >> 8);
-    }
 }
 
 } // namespace
@@ -59,16 +51,20 @@ TBiffData& TBiffData::Real(double value) {
     return U32(static_cast<std::uint32_t>(bits)).U32(static_cast<std::uint32_t>(bits >> 32));
 }
 
-TBiffData& TBiffData::Zeros(std::size_t count) {
-    FBytes.append(count, '\0');
+TBiffData& TBiffData::Append(const TBiffData& other) {
+    FBytes += other.FBytes;
     return *this;
+}
+
+TBiffData& TBiffData::Letter(char16_t letter, bool narrow) {
+    return narrow ? U8(letter) : U16(letter);
 }
 
 void TBiffData::Letters(const std::u16string& text) {
     const bool narrow = IsNarrow(text);
-    U8(narrow ? 0 : 1);
+    U8(narrow ? 0 : fHighByte);
     for (const char16_t c : text) {
-        PutLetter(FBytes, c, narrow);
+        Letter(c, narrow);
     }
 }
 
@@ -87,11 +83,12 @@ TBiffData& TBiffData::LongText(std::string_view utf8) {
     return *this;
 }
 
-void TBiffStream::Record(std::uint16_t number, const TBiffData& data) {
+void TBiffStream::Record(TBiffId id, const TBiffData& data) {
     if (data.Bytes().size() > LargestRecord) {
         throw ELotError("A record of the workbook grew too large.");
     }
-    FBytes += TBiffData().U16(number).U16(static_cast<std::uint32_t>(data.Bytes().size())).Bytes();
+    const auto size = static_cast<std::uint32_t>(data.Bytes().size());
+    FBytes += TBiffData().U16(static_cast<std::uint32_t>(id)).U16(size).Bytes();
     FBytes += data.Bytes();
 }
 
@@ -109,27 +106,28 @@ std::uint32_t TBiffTexts::Index(const std::string& utf8) {
 }
 
 void TBiffTexts::Write(TBiffStream& stream) const {
-    std::uint16_t number = SharedTexts;
-    std::string record = TBiffData().U32(FUses).U32(static_cast<std::uint32_t>(FTexts.size())).Bytes();
+    TBiffId id = TBiffId::Sst;
+    const auto cstUnique = static_cast<std::uint32_t>(FTexts.size());
+    TBiffData record;
+    record.U32(FUses).U32(cstUnique);
     const auto flush = [&] {
-        stream.FBytes += TBiffData().U16(number).U16(static_cast<std::uint32_t>(record.size())).Bytes();
-        stream.FBytes += record;
-        record.clear();
-        number = Continue;
+        stream.Record(id, record);
+        record = {};
+        id = TBiffId::Continue;
     };
     for (const std::u16string& text : FTexts) {
         const bool narrow = IsNarrow(text);
         // The head of a text stays in one record, with at least one letter.
-        if (record.size() + 5 > LargestRecord) {
+        if (record.Bytes().size() + 5 > LargestRecord) {
             flush();
         }
-        record += TBiffData().U16(static_cast<std::uint32_t>(text.size())).U8(narrow ? 0 : 1).Bytes();
+        record.U16(static_cast<std::uint32_t>(text.size())).U8(narrow ? 0 : fHighByte);
         for (const char16_t c : text) {
-            if (record.size() + (narrow ? 1 : 2) > LargestRecord) {
+            if (record.Bytes().size() + (narrow ? 1 : 2) > LargestRecord) {
                 flush();
-                record += narrow ? '\0' : '\1'; // Each record says anew how its letters are written.
+                record.U8(narrow ? 0 : fHighByte); // Each record says anew how its letters are written.
             }
-            PutLetter(record, c, narrow);
+            record.Letter(c, narrow);
         }
     }
     flush();

@@ -3,19 +3,23 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 namespace {
 
-constexpr std::size_t SectorSize = 512;
-constexpr std::size_t SmallestStream = 4096; // Smaller ones would need a second kind of sectors.
+// Names are those of the published description of the format.
+constexpr std::uint32_t SectorShift = 9;
+constexpr std::size_t SectorSize = std::size_t{1} << SectorShift;
+constexpr std::uint32_t MiniSectorShift = 6;
+constexpr std::size_t MiniStreamCutoffSize = 4096; // Smaller streams would need a second kind of sectors.
 constexpr std::size_t EntriesPerSector = SectorSize / 4;
-constexpr std::size_t FatInHeader = 109;
-constexpr std::uint32_t FreeSector = 0xFFFFFFFF;
+constexpr std::size_t DifatInHeader = 109; // Places of sectors of the FAT that the header itself holds.
+constexpr std::uint32_t FreeSect = 0xFFFFFFFF;
 constexpr std::uint32_t EndOfChain = 0xFFFFFFFE;
-constexpr std::uint32_t FatSector = 0xFFFFFFFD;
-constexpr std::uint32_t DifatSector = 0xFFFFFFFC;
-constexpr std::uint32_t NoEntry = 0xFFFFFFFF;
+constexpr std::uint32_t FatSect = 0xFFFFFFFD;
+constexpr std::uint32_t DifSect = 0xFFFFFFFC;
+constexpr std::uint32_t NoStream = 0xFFFFFFFF;
 
 void Put16(std::string& bytes, std::uint32_t value) {
     bytes += static_cast<char>(value & 0xFF);
@@ -38,7 +42,7 @@ struct TLayout {
         for (std::size_t before = 0; before != Fat + Difat || Fat == 0;) {
             before = Fat + Difat;
             Fat = Sectors(Stream + 1 + Fat + Difat, EntriesPerSector);
-            Difat = Fat > FatInHeader ? Sectors(Fat - FatInHeader, EntriesPerSector - 1) : 0;
+            Difat = Fat > DifatInHeader ? Sectors(Fat - DifatInHeader, EntriesPerSector - 1) : 0;
         }
     }
 
@@ -51,38 +55,46 @@ struct TLayout {
     [[nodiscard]] std::uint32_t FirstDifat() const { return FirstFat() + static_cast<std::uint32_t>(Fat); }
 };
 
+constexpr std::string_view Signature = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+constexpr std::uint32_t MinorVersion = 0x3E;
+constexpr std::uint32_t MajorVersion = 3;
+constexpr std::uint32_t LowByteFirst = 0xFFFE;
+
 void PutHeader(std::string& file, const TLayout& layout) {
-    file += "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
+    file += Signature;
     file.append(16, '\0');
-    Put16(file, 0x3E); // Version 3.62
-    Put16(file, 3);
-    Put16(file, 0xFFFE); // Low byte first.
-    Put16(file, 9);      // Sectors of 2^9 bytes,
-    Put16(file, 6);      // small ones of 2^6.
+    Put16(file, MinorVersion);
+    Put16(file, MajorVersion);
+    Put16(file, LowByteFirst);
+    Put16(file, SectorShift);
+    Put16(file, MiniSectorShift);
     file.append(10, '\0');
     Put32(file, static_cast<std::uint32_t>(layout.Fat));
     Put32(file, layout.Directory());
     Put32(file, 0);
-    Put32(file, SmallestStream);
+    Put32(file, MiniStreamCutoffSize);
     Put32(file, EndOfChain); // No small sectors.
     Put32(file, 0);
     Put32(file, layout.Difat > 0 ? layout.FirstDifat() : EndOfChain);
     Put32(file, static_cast<std::uint32_t>(layout.Difat));
-    for (std::size_t i = 0; i < FatInHeader; ++i) {
-        Put32(file, i < layout.Fat ? layout.FirstFat() + static_cast<std::uint32_t>(i) : FreeSector);
+    for (std::size_t i = 0; i < DifatInHeader; ++i) {
+        Put32(file, i < layout.Fat ? layout.FirstFat() + static_cast<std::uint32_t>(i) : FreeSect);
     }
 }
 
-void PutEntry(std::string& file, std::string_view name, std::uint8_t kind, std::uint32_t child, std::uint32_t first,
+enum class TObjectType : std::uint8_t { Unallocated = 0, Stream = 2, RootStorage = 5 };
+
+void PutEntry(std::string& file, std::string_view name, TObjectType type, std::uint32_t child, std::uint32_t first,
               std::size_t size) {
+    constexpr char black = 1; // The entries under one storage are a tree of red and black ones; here it is one alone.
     for (std::size_t i = 0; i < 32; ++i) {
         Put16(file, i < name.size() ? static_cast<unsigned char>(name[i]) : 0U);
     }
     Put16(file, name.empty() ? 0 : static_cast<std::uint32_t>(2 * (name.size() + 1)));
-    file += static_cast<char>(kind);
-    file += static_cast<char>(kind == 0 ? 0 : 1); // Black
-    Put32(file, NoEntry);
-    Put32(file, NoEntry);
+    file += static_cast<char>(type);
+    file += type == TObjectType::Unallocated ? '\0' : black;
+    Put32(file, NoStream);
+    Put32(file, NoStream);
     Put32(file, child);
     file.append(16 + 4 + 16, '\0'); // No class, no flags, no times.
     Put32(file, first);
@@ -91,10 +103,10 @@ void PutEntry(std::string& file, std::string_view name, std::uint8_t kind, std::
 }
 
 void PutDirectory(std::string& file, std::string_view streamName, std::size_t streamBytes) {
-    PutEntry(file, "Root Entry", 5, 1, EndOfChain, 0);
-    PutEntry(file, streamName, 2, NoEntry, 0, streamBytes);
-    PutEntry(file, {}, 0, NoEntry, 0, 0);
-    PutEntry(file, {}, 0, NoEntry, 0, 0);
+    PutEntry(file, "Root Entry", TObjectType::RootStorage, 1, EndOfChain, 0);
+    PutEntry(file, streamName, TObjectType::Stream, NoStream, 0, streamBytes);
+    PutEntry(file, {}, TObjectType::Unallocated, NoStream, 0, 0);
+    PutEntry(file, {}, TObjectType::Unallocated, NoStream, 0, 0);
 }
 
 void PutFat(std::string& file, const TLayout& layout) {
@@ -105,19 +117,19 @@ void PutFat(std::string& file, const TLayout& layout) {
     }
     chains.push_back(EndOfChain);
     chains.push_back(EndOfChain); // The directory.
-    chains.insert(chains.end(), layout.Fat, FatSector);
-    chains.insert(chains.end(), layout.Difat, DifatSector);
-    chains.resize(layout.Fat * EntriesPerSector, FreeSector);
+    chains.insert(chains.end(), layout.Fat, FatSect);
+    chains.insert(chains.end(), layout.Difat, DifSect);
+    chains.resize(layout.Fat * EntriesPerSector, FreeSect);
     for (const std::uint32_t entry : chains) {
         Put32(file, entry);
     }
 }
 
 void PutDifat(std::string& file, const TLayout& layout) {
-    std::size_t fat = FatInHeader;
+    std::size_t fat = DifatInHeader;
     for (std::size_t sector = 0; sector < layout.Difat; ++sector) {
         for (std::size_t i = 0; i + 1 < EntriesPerSector; ++i, ++fat) {
-            Put32(file, fat < layout.Fat ? layout.FirstFat() + static_cast<std::uint32_t>(fat) : FreeSector);
+            Put32(file, fat < layout.Fat ? layout.FirstFat() + static_cast<std::uint32_t>(fat) : FreeSect);
         }
         const bool last = sector + 1 == layout.Difat;
         Put32(file, last ? EndOfChain : layout.FirstDifat() + static_cast<std::uint32_t>(sector + 1));
@@ -127,7 +139,7 @@ void PutDifat(std::string& file, const TLayout& layout) {
 } // namespace
 
 std::string CompoundFile(std::string_view streamName, std::string stream) {
-    stream.resize(std::max(stream.size(), SmallestStream));
+    stream.resize(std::max(stream.size(), MiniStreamCutoffSize));
     const TLayout layout(stream.size());
     std::string file;
     file.reserve((1 + layout.Stream + 1 + layout.Fat + layout.Difat) * SectorSize);
