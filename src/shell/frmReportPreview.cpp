@@ -2,14 +2,13 @@
 #include "shell/frmReportPreview.h"
 
 #include "app/lotFailures.h"
-#include "common/vipText.h"
 #include "shell/lotLook.h"
 #include "shell/lotReportPrinter.h"
+#include "widgets/lotPreviewBar.h"
 #include "widgets/lotReportPages.h"
 #include "widgets/lotReportThumbnails.h"
 
 #include <QAction>
-#include <QComboBox>
 #include <QDesktopServices>
 #include <QFile>
 #include <QHBoxLayout>
@@ -17,9 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrintDialog>
-#include <QSpinBox>
 #include <QSplitter>
-#include <QToolBar>
 #include <QToolButton>
 #include <QTreeWidget>
 #include <QUrl>
@@ -28,7 +25,6 @@
 
 namespace {
 
-constexpr double ZoomStep = 0.25;
 constexpr int SidePanelWidth = 220;
 constexpr int LevelRole = Qt::UserRole; // Of an outline's entry: its number.
 
@@ -37,58 +33,45 @@ constexpr int LevelRole = Qt::UserRole; // Of an outline's entry: its number.
 TReportPreviewForm::TReportPreviewForm(const TPreviewContext& context, bool sidePanels, QWidget* parent)
     : QDialog(parent),
       FContext(context),
-      FToolBar(new QToolBar(this)),
       FSplitter(new QSplitter(this)),
-      FPages(new TReportPages(this)) {
+      FPages(new TReportPages(this)),
+      FBar(new TPreviewBar(*FPages, look::Icon, context.Locale, this)) {
     setWindowTitle("Preview");
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     resize(1160, 740);
-    FToolBar->setIconSize(QSize(look::IconSize, look::IconSize));
     BuildFileActions();
     if (sidePanels) {
         BuildSidePanels();
     }
-    BuildPlaceActions();
-    BuildZoomActions();
+    BuildPageActions();
     BuildFindBar();
     BuildLayout();
     connect(FPages, &TReportPages::PlaceChanged, this, &TReportPreviewForm::ShowPlace);
-    connect(FPages, &TReportPages::ZoomChanged, this, &TReportPreviewForm::ShowZoom);
+    connect(FPages, &TReportPages::ZoomChanged, FBar, &TPreviewBar::ShowZoom);
     FPages->SetReport(&FContext.Pages);
     FPages->setFocus();
 }
 
 TReportPreviewForm::~TReportPreviewForm() = default;
 
-QAction& TReportPreviewForm::AddAction(const char* name, const char* caption, const char* icon, const QKeySequence& key,
-                                       const std::function<void()>& handler) {
-    QAction* const action = FToolBar->addAction(look::Icon(icon), caption);
-    action->setObjectName(name);
-    action->setShortcut(key);
-    const QString hint = QString(caption).remove('&');
-    action->setToolTip(key.isEmpty() ? hint : QString("%1 (%2)").arg(hint, key.toString(QKeySequence::NativeText)));
-    connect(action, &QAction::triggered, this, [handler] { Guarded(handler); });
-    return *action;
-}
-
 void TReportPreviewForm::BuildFileActions() {
-    AddAction("actPrint", "Print", "print", QKeySequence::Print, [this] { Print(); });
-    FToolBar->addSeparator();
-    AddAction("actPdf", "Save Adobe PDF...", "pdf", QKeySequence::Save,
+    FBar->AddPrint("Print", [this] { Print(); });
+    FBar->addSeparator();
+    FBar->Add("actPdf", "Save Adobe PDF...", "pdf", QKeySequence::Save,
               [this] { Save("pdf", "Adobe PDF Files (*.pdf)|*.pdf", TlotExportFormat::Pdf); });
-    AddAction("actHtml", "Save HTML...", "html", {},
+    FBar->Add("actHtml", "Save HTML...", "html", {},
               [this] { Save("html", "HTML Files (*.htm)|*.htm", TlotExportFormat::Html); });
     // The extension of RTF is that of HTML, deliberately: only a name typed without one shows it, and always did.
-    AddAction("actRtf", "Save RTF...", "rtf", {},
+    FBar->Add("actRtf", "Save RTF...", "rtf", {},
               [this] { Save("html", "RTF Files (*.rtf)|*.rtf", TlotExportFormat::Rtf); });
-    AddAction("actExcel", "Save Excel...", "excel", {},
+    FBar->Add("actExcel", "Save Excel...", "excel", {},
               [this] { Save("xls", "Excel Files (*.xls)|*.xls", TlotExportFormat::Xls); });
-    QAction& design = AddAction("actDesign", "&Design", "design", {}, [this] { Design(); });
+    QAction& design = FBar->Add("actDesign", "&Design", "design", {}, [this] { Design(); });
     design.setVisible(FContext.Preview.DesignEnabled);
-    FToolBar->addSeparator();
 }
 
 void TReportPreviewForm::BuildSidePanels() {
+    FBar->addSeparator();
     FOutline = new QTreeWidget(FSplitter);
     FOutline->setObjectName("Outline");
     FOutline->setAccessibleName("Outline");
@@ -109,7 +92,7 @@ void TReportPreviewForm::BuildSidePanels() {
 
     const auto addToggle = [this](const char* name, const char* caption, const char* icon, const char* key,
                                   QWidget* panel) {
-        QAction& action = AddAction(name, caption, icon, QKeySequence(key), [] {});
+        QAction& action = FBar->Add(name, caption, icon, QKeySequence(key), [] {});
         action.setCheckable(true);
         connect(&action, &QAction::toggled, panel, &QWidget::setVisible);
         return &action;
@@ -119,7 +102,6 @@ void TReportPreviewForm::BuildSidePanels() {
     const bool helps = FContext.Pages.Pages.size() > 2 && !FContext.Pages.Outline.empty();
     FOutline->setVisible(helps);
     outline->setChecked(helps);
-    FToolBar->addSeparator();
 }
 
 void TReportPreviewForm::FillOutline() {
@@ -140,52 +122,13 @@ void TReportPreviewForm::FillOutline() {
     }
 }
 
-void TReportPreviewForm::BuildPlaceActions() {
-    AddAction("actFirst", "First Page", "page-first", {}, [this] { FPages->GoToPage(0); });
-    AddAction("actPrevious", "Previous Page", "page-previous", {},
-              [this] { FPages->GoToPage(FPages->CurrentPage() - 1); });
-    edtPage = new QSpinBox(this);
-    edtPage->setObjectName("edtPage");
-    edtPage->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    edtPage->setAlignment(Qt::AlignRight);
-    edtPage->setAccessibleName("Page");
-    edtPage->setKeyboardTracking(false);
-    connect(edtPage, &QSpinBox::valueChanged, this, [this](int page) { FPages->GoToPage(page - 1); });
-    FToolBar->addWidget(edtPage);
-    lblPages = new QLabel(this);
-    lblPages->setObjectName("lblPages");
-    FToolBar->addWidget(lblPages);
-    AddAction("actNext", "Next Page", "page-next", {}, [this] { FPages->GoToPage(FPages->CurrentPage() + 1); });
-    AddAction("actLast", "Last Page", "page-last", {}, [this] { FPages->GoToPage(FPages->PageCount() - 1); });
-    FToolBar->addSeparator();
-}
-
-void TReportPreviewForm::BuildZoomActions() {
-    AddAction("actZoomOut", "Zoom Out", "zoom-out", QKeySequence::ZoomOut, [this] {
-        if (FPages->Zoom() > ZoomStep) {
-            FPages->SetZoom(FPages->Zoom() - ZoomStep);
-        }
-    });
-    cmbZoom = new QComboBox(this);
-    cmbZoom->setObjectName("cmbZoom");
-    cmbZoom->setAccessibleName("Zoom");
-    cmbZoom->setEditable(true);
-    cmbZoom->setInsertPolicy(QComboBox::NoInsert);
-    cmbZoom->setMinimumContentsLength(10);
-    cmbZoom->addItems({"200%", "150%", "100%", "75%", "50%", "25%", "Page Width", "Whole Page"});
-    cmbZoom->setCurrentText("100%");
-    connect(cmbZoom, &QComboBox::textActivated, this, &TReportPreviewForm::ZoomBoxEntered);
-    connect(cmbZoom->lineEdit(), &QLineEdit::returnPressed, this, [this] { ZoomBoxEntered(cmbZoom->currentText()); });
-    FToolBar->addWidget(cmbZoom);
-    AddAction("actZoomIn", "Zoom In", "zoom-in", QKeySequence::ZoomIn,
-              [this] { FPages->SetZoom(FPages->Zoom() + ZoomStep); });
-    FToolBar->addSeparator();
-    AddAction("actFind", "Find", "find", QKeySequence::Find, [this] { ShowFindBar(); });
-    AddAction("actFindNext", "Find Next", "find-next", Qt::Key_F3, [this] { FindNext(); });
-    auto* const space = new QWidget(this);
-    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    FToolBar->addWidget(space);
-    AddAction("actClose", "&Close", "close", Qt::CTRL | Qt::Key_W, [this] { reject(); });
+void TReportPreviewForm::BuildPageActions() {
+    FBar->AddPlace();
+    FBar->AddZoom();
+    FBar->addSeparator();
+    FBar->Add("actFind", "Find", "find", QKeySequence::Find, [this] { ShowFindBar(); });
+    FBar->Add("actFindNext", "Find Next", "find-next", Qt::Key_F3, [this] { FindNext(); });
+    FBar->AddClose([this] { reject(); });
 }
 
 void TReportPreviewForm::BuildFindBar() {
@@ -223,45 +166,16 @@ void TReportPreviewForm::BuildLayout() {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(FToolBar);
+    layout->addWidget(FBar);
     layout->addWidget(FFindBar);
     layout->addWidget(FSplitter, 1);
 }
 
 void TReportPreviewForm::ShowPlace() {
-    const int page = FPages->CurrentPage();
-    const QSignalBlocker quiet(edtPage);
-    edtPage->setRange(std::min(1, FPages->PageCount()), FPages->PageCount());
-    edtPage->setValue(page + 1);
-    lblPages->setText(QString(" of %1 ").arg(FPages->PageCount()));
+    FBar->ShowPlace();
     if (FThumbnails != nullptr) {
-        FThumbnails->SetCurrentPage(page);
+        FThumbnails->SetCurrentPage(FPages->CurrentPage());
     }
-}
-
-void TReportPreviewForm::ShowZoom() {
-    const double percent = FPages->Zoom() * 100;
-    const QString text = FPages->Fit() == TPageFit::Width ? QString("Page Width")
-                         : FPages->Fit() == TPageFit::Whole
-                             ? QString("Whole Page")
-                             : QString::fromStdString(vip::FormatMask("0", percent, FContext.Locale)) + "%";
-    const QSignalBlocker quiet(cmbZoom);
-    FZoomText = text;
-    cmbZoom->setCurrentText(text);
-}
-
-void TReportPreviewForm::ZoomBoxEntered(const QString& text) {
-    if (text == FZoomText) {
-        return; // Said twice, or only rounded: the zoom itself may be finer than its text.
-    }
-    if (text.compare("Whole Page", Qt::CaseInsensitive) == 0) {
-        FPages->SetFit(TPageFit::Whole);
-    } else if (text.compare("Page Width", Qt::CaseInsensitive) == 0) {
-        FPages->SetFit(TPageFit::Width);
-    } else if (text.contains('%')) {
-        FPages->SetZoom(vip::StrToNumber(QString(text).remove('%').toStdString(), FContext.Locale) / 100);
-    }
-    ShowZoom(); // Also where the entry was ignored.
 }
 
 void TReportPreviewForm::Save(const char* extension, const char* filter, TlotExportFormat format) {

@@ -10,18 +10,13 @@
 #include "reportengine/pages/lotReportSearch.h"
 
 #include <QDialog>
-#include <QKeySequence>
-#include <functional>
 #include <optional>
 
-class QAction;
-class QComboBox;
 class QLabel;
 class QLineEdit;
-class QSpinBox;
 class QSplitter;
-class QToolBar;
 class QTreeWidget;
+class TPreviewBar;
 class TReportPages;
 class TReportThumbnails;
 
@@ -49,18 +44,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    QAction& AddAction(const char* name, const char* caption, const char* icon, const QKeySequence& key,
-                       const std::function<void()>& handler);
     void BuildFileActions();
-    void BuildPlaceActions();
-    void BuildZoomActions();
+    void BuildPageActions();
     void BuildFindBar();
     void BuildSidePanels();
     void BuildLayout();
     void FillOutline();
     void ShowPlace();
-    void ShowZoom();
-    void ZoomBoxEntered(const QString& text);
     void Save(const char* extension, const char* filter, TlotExportFormat format);
     void Print();
     void Design();
@@ -69,17 +59,13 @@ private:
 
     TPreviewContext FContext;
     std::optional<report::TTextPlace> FFound;
-    QString FZoomText = "100%"; // As the box shows it.
 
     // Owned by the window.
-    QToolBar* FToolBar;
     QSplitter* FSplitter;
     TReportPages* FPages;
+    TPreviewBar* FBar;
     QTreeWidget* FOutline = nullptr; // Null without side panels, as the thumbnails.
     TReportThumbnails* FThumbnails = nullptr;
-    QSpinBox* edtPage = nullptr;
-    QLabel* lblPages = nullptr;
-    QComboBox* cmbZoom = nullptr;
     QWidget* FFindBar = nullptr;
     QLineEdit* edtFind = nullptr;
     QLabel* lblFound = nullptr;

@@ -5,12 +5,10 @@
 #pragma once
 
 #include "reportengine/pages/lotPreparedReport.h"
+#include "widgets/lotPreviewPages.h"
 
 #include <QAbstractScrollArea>
-#include <cstdint>
 #include <optional>
-
-enum class TPageFit : std::uint8_t { None, Width, Whole };
 
 /// A text of the report that was found.
 struct TFoundText {
@@ -18,7 +16,7 @@ struct TFoundText {
     QRectF Rect; ///< On the page, twips.
 };
 
-class TReportPages : public QAbstractScrollArea {
+class TReportPages : public QAbstractScrollArea, public TPreviewPages {
     Q_OBJECT
 
 public:
@@ -27,17 +25,14 @@ public:
     /// The report must outlive the widget, or another must be set before it goes; null shows none.
     void SetReport(const report::TPreparedReport* report);
 
-    [[nodiscard]] double Zoom() const noexcept { return FZoom; } ///< 1 is the paper's own size at 96 to the inch.
-    /// Ends any fit. A zoom of 0 or less is ignored.
-    void SetZoom(double zoom);
-    /// Kept while the window changes its size.
-    void SetFit(TPageFit fit);
-    [[nodiscard]] TPageFit Fit() const noexcept { return FFit; }
+    [[nodiscard]] double Zoom() const noexcept override { return FZoom; }
+    void SetZoom(double zoom) override;
+    void SetFit(TPageFit fit) override;
+    [[nodiscard]] TPageFit Fit() const noexcept override { return FFit; }
 
-    [[nodiscard]] int PageCount() const;
-    /// The page in the middle of the view, from 0; -1 without pages.
-    [[nodiscard]] int CurrentPage() const;
-    void GoToPage(int page);
+    [[nodiscard]] int PageCount() const override;
+    [[nodiscard]] int CurrentPage() const override;
+    void GoToPage(int page) override;
     /// Brings a place of a page to the upper edge of the view.
     void GoTo(int page, double top);
     /// Marks a text and brings it into view; nothing takes the mark away.

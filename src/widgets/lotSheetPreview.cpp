@@ -1,44 +1,69 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotSheetPreview.h"
 
-#include "app/lotFailures.h"
 #include "persistence/lotAtomicFile.h"
+#include "widgets/lotPreviewBar.h"
+#include "widgets/lotPreviewPages.h"
 #include "widgets/lotSheetPrinter.h"
 
-#include <QAction>
 #include <QBuffer>
-#include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
-#include <QLabel>
 #include <QPageSetupDialog>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
-#include <QSpinBox>
-#include <QToolBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
 namespace {
 
-constexpr double ZoomStep = 1.25;
-constexpr int Zooms[] = {50, 75, 100, 125, 150, 200, 300};
 constexpr int Resolution = 300; // Dots to the inch, of shapes in a PDF file; letters are outlines.
 
 } // namespace
+
+/// The toolkit's preview, whose pages count from 1.
+class TSheetPages final : public QPrintPreviewWidget, public TPreviewPages {
+public:
+    using QPrintPreviewWidget::QPrintPreviewWidget;
+
+    [[nodiscard]] int PageCount() const override { return pageCount(); }
+    [[nodiscard]] int CurrentPage() const override { return std::min(currentPage(), pageCount()) - 1; }
+    void GoToPage(int page) override { setCurrentPage(std::clamp(page + 1, 1, std::max(1, pageCount()))); }
+
+    [[nodiscard]] double Zoom() const override { return zoomFactor(); }
+    void SetZoom(double zoom) override {
+        if (zoom > 0) {
+            setZoomFactor(zoom);
+        }
+    }
+    [[nodiscard]] TPageFit Fit() const override {
+        switch (zoomMode()) {
+        case FitToWidth: return TPageFit::Width;
+        case FitInView: return TPageFit::Whole;
+        case CustomZoom: break;
+        }
+        return TPageFit::None;
+    }
+    void SetFit(TPageFit fit) override {
+        switch (fit) {
+        case TPageFit::None: setZoomMode(CustomZoom); break;
+        case TPageFit::Width: fitToWidth(); break;
+        case TPageFit::Whole: fitInView(); break;
+        }
+    }
+};
 
 TSheetPreview::TSheetPreview(const TSpreadsheetPage& page, const QString& title, const TNumberLocale& locale,
                              const std::function<QIcon(const QString&)>& icon, QWidget* parent)
     : QDialog(parent),
       FPage(page),
       FLocale(locale),
-      FIcon(icon),
       FPrinter(std::make_unique<QPrinter>(QPrinter::ScreenResolution)),
-      FPreview(new QPrintPreviewWidget(FPrinter.get(), this)),
-      FToolBar(new QToolBar(this)) {
+      FPages(new TSheetPages(FPrinter.get(), this)),
+      FBar(new TPreviewBar(*FPages, icon, locale, this)) {
     setObjectName("SheetPreview");
     setWindowTitle("Print Preview - " + title);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -54,81 +79,42 @@ TSheetPreview::TSheetPreview(const TSpreadsheetPage& page, const QString& title,
         return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
     };
 
-    FToolBar->setIconSize(QSize(20, 20));
-    BuildToolBar(icon);
+    BuildBar();
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(FToolBar);
-    layout->addWidget(FPreview, 1);
+    layout->addWidget(FBar);
+    layout->addWidget(FPages, 1);
 
-    connect(FPreview, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) { Draw(*printer); });
-    connect(FPreview, &QPrintPreviewWidget::previewChanged, this, &TSheetPreview::ShowPlace);
-    FPreview->fitToWidth();
-    FPreview->setFocus();
+    connect(FPages, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) { Draw(*printer); });
+    connect(FPages, &QPrintPreviewWidget::previewChanged, FBar, [this] {
+        FBar->ShowPlace();
+        FBar->ShowZoom();
+    });
+    FPages->fitToWidth();
+    FPages->setFocus();
 }
 
 TSheetPreview::~TSheetPreview() = default;
 
-QAction* TSheetPreview::AddAction(const QString& name, const QString& caption, const QKeySequence& key,
-                                  const std::function<void()>& handler) {
-    auto* const action = FToolBar->addAction(FIcon(name), caption);
-    action->setObjectName("act-" + name);
-    action->setShortcut(key);
-    action->setToolTip(QString("%1 (%2)").arg(caption, key.toString(QKeySequence::NativeText)));
-    connect(action, &QAction::triggered, this, [handler] { Guarded(handler); });
-    return action;
-}
-
-void TSheetPreview::BuildToolBar(const std::function<QIcon(const QString&)>& icon) {
-    FIcon = icon;
-    AddAction("print", "Print...", QKeySequence::Print, [this] { Print(); });
-    AddAction("pdf", "Save as PDF...", QKeySequence::Save, [this] {
+void TSheetPreview::BuildBar() {
+    FBar->AddPrint("Print...", [this] { Print(); });
+    FBar->Add("actPdf", "Save as PDF...", "pdf", QKeySequence::Save, [this] {
         if (const QString name = AskPdfName(); !name.isEmpty()) {
             SavePdf(QFile::encodeName(name).toStdString());
         }
     });
-    AddAction("page-setup", "Page Setup...", Qt::CTRL | Qt::SHIFT | Qt::Key_P, [this] { PageSetUp(); });
-    FToolBar->addSeparator();
-    AddAction("portrait", "Portrait", Qt::CTRL | Qt::Key_T, [this] { Turn(false); });
-    AddAction("landscape", "Landscape", Qt::CTRL | Qt::Key_L, [this] { Turn(true); });
-    FToolBar->addSeparator();
-    AddAction("page-first", "First Page", Qt::CTRL | Qt::Key_Home, [this] { FPreview->setCurrentPage(1); });
-    AddAction("page-previous", "Previous Page", Qt::CTRL | Qt::Key_PageUp,
-              [this] { FPreview->setCurrentPage(FPreview->currentPage() - 1); });
-    edtPage = new QSpinBox(this);
-    edtPage->setObjectName("edtPage");
-    edtPage->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    edtPage->setAlignment(Qt::AlignRight);
-    edtPage->setMinimum(1);
-    edtPage->setAccessibleName("Page");
-    edtPage->setKeyboardTracking(false);
-    connect(edtPage, &QSpinBox::valueChanged, this, [this](int page) { FPreview->setCurrentPage(page); });
-    FToolBar->addWidget(edtPage);
-    lblPages = new QLabel(this);
-    lblPages->setObjectName("lblPages");
-    FToolBar->addWidget(lblPages);
-    AddAction("page-next", "Next Page", Qt::CTRL | Qt::Key_PageDown,
-              [this] { FPreview->setCurrentPage(FPreview->currentPage() + 1); });
-    AddAction("page-last", "Last Page", Qt::CTRL | Qt::Key_End,
-              [this] { FPreview->setCurrentPage(FPreview->pageCount()); });
-    FToolBar->addSeparator();
-    AddAction("zoom-out", "Zoom Out", QKeySequence::ZoomOut, [this] { FPreview->zoomOut(ZoomStep); });
-    cmbZoom = new QComboBox(this);
-    cmbZoom->setObjectName("cmbZoom");
-    cmbZoom->setAccessibleName("Zoom");
-    for (const int zoom : Zooms) {
-        cmbZoom->addItem(QString("%1 %").arg(zoom), zoom);
-    }
-    connect(cmbZoom, &QComboBox::activated, this,
-            [this](int index) { FPreview->setZoomFactor(cmbZoom->itemData(index).toInt() / 100.0); });
-    cmbZoom->setMinimumContentsLength(6);
-    FToolBar->addWidget(cmbZoom);
-    AddAction("zoom-in", "Zoom In", QKeySequence::ZoomIn, [this] { FPreview->zoomIn(ZoomStep); });
-    AddAction("fit-width", "Fit Width", Qt::CTRL | Qt::Key_1, [this] { FPreview->fitToWidth(); });
-    AddAction("fit-page", "Fit Page", Qt::CTRL | Qt::Key_0, [this] { FPreview->fitInView(); });
-    FToolBar->addSeparator();
-    AddAction("close", "Close", Qt::CTRL | Qt::Key_W, [this] { reject(); });
+    FBar->Add("actPageSetup", "Page Setup...", "page-setup", Qt::CTRL | Qt::SHIFT | Qt::Key_P, [this] { PageSetUp(); });
+    FBar->addSeparator();
+    FBar->Add("actPortrait", "Portrait", "portrait", Qt::CTRL | Qt::Key_T, [this] { Turn(false); });
+    FBar->Add("actLandscape", "Landscape", "landscape", Qt::CTRL | Qt::Key_L, [this] { Turn(true); });
+    FBar->AddPlace();
+    FBar->AddZoom();
+    FBar->Add("actFitWidth", "Page Width", "fit-width", Qt::CTRL | Qt::Key_1,
+              [this] { FPages->SetFit(TPageFit::Width); });
+    FBar->Add("actFitPage", "Whole Page", "fit-page", Qt::CTRL | Qt::Key_0,
+              [this] { FPages->SetFit(TPageFit::Whole); });
+    FBar->AddClose([this] { reject(); });
 }
 
 void TSheetPreview::Draw(QPrinter& printer) const {
@@ -140,24 +126,15 @@ int TSheetPreview::PageCount() const {
     return std::max(1, TSheetPrinter(FPage, FLocale, *FPrinter).PageCount());
 }
 
-void TSheetPreview::ShowPlace() {
-    const QSignalBlocker quiet(edtPage);
-    edtPage->setMaximum(std::max(1, FPreview->pageCount()));
-    edtPage->setValue(FPreview->currentPage());
-    lblPages->setText(QString(" of %1 ").arg(FPreview->pageCount()));
-    cmbZoom->setCurrentIndex(-1);
-    cmbZoom->setPlaceholderText(QString("%1 %").arg(static_cast<int>(FPreview->zoomFactor() * 100 + 0.5)));
-}
-
 void TSheetPreview::Turn(bool landscape) {
     FPrinter->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
-    FPreview->updatePreview();
+    FPages->updatePreview();
 }
 
 void TSheetPreview::PageSetUp() {
     QPageSetupDialog dialog(FPrinter.get(), this);
     if (dialog.exec() == QDialog::Accepted) {
-        FPreview->updatePreview();
+        FPages->updatePreview();
     }
 }
 

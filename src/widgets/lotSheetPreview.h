@@ -13,13 +13,9 @@
 #include <memory>
 #include <string>
 
-class QAction;
-class QComboBox;
-class QLabel;
 class QPrinter;
-class QPrintPreviewWidget;
-class QSpinBox;
-class QToolBar;
+class TPreviewBar;
+class TSheetPages;
 
 class TSheetPreview : public QDialog {
     Q_OBJECT
@@ -38,24 +34,17 @@ public:
     [[nodiscard]] int PageCount() const;
 
 private:
-    void BuildToolBar(const std::function<QIcon(const QString&)>& icon);
-    QAction* AddAction(const QString& name, const QString& caption, const QKeySequence& key,
-                       const std::function<void()>& handler);
+    void BuildBar();
     void Draw(QPrinter& printer) const;
     void Turn(bool landscape);
     void PageSetUp();
     void Print();
-    void ShowPlace();
 
     const TSpreadsheetPage& FPage;
     TNumberLocale FLocale;
-    std::function<QIcon(const QString&)> FIcon;
     std::unique_ptr<QPrinter> FPrinter;
 
     // Owned by the dialog.
-    QPrintPreviewWidget* FPreview;
-    QToolBar* FToolBar;
-    QSpinBox* edtPage = nullptr;
-    QLabel* lblPages = nullptr;
-    QComboBox* cmbZoom = nullptr;
+    TSheetPages* FPages;
+    TPreviewBar* FBar;
 };

@@ -9,9 +9,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPdfWriter>
+#include <QPrintPreviewWidget>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QTest>
 #include <set>
 
@@ -213,7 +216,7 @@ TEST(SheetPreview, SavesAllPagesOrTellsWhyNot) {
     EXPECT_GT(preview.PageCount(), 3);
     const std::string name = folder.File("a.pdf");
     preview.AskPdfName = [&] { return QString::fromStdString(name); };
-    preview.findChild<QAction*>("act-pdf")->trigger();
+    preview.findChild<QAction*>("actPdf")->trigger();
     const std::string pdf = ReadBytes(name);
     EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
     std::size_t pages = 0;
@@ -222,6 +225,39 @@ TEST(SheetPreview, SavesAllPagesOrTellsWhyNot) {
     }
     EXPECT_EQ(static_cast<int>(pages), preview.PageCount());
     EXPECT_THROW(preview.SavePdf(folder.File("none/a.pdf")), std::runtime_error);
+}
+
+TEST(SheetPreview, ItsBarLeadsThroughThePagesAndZooms) {
+    TSpreadsheetPage page;
+    Fill(page, 90, 40);
+    TSheetPreview preview(page, "Cashflow", PointLocale, [](const QString&) { return QIcon(); });
+    preview.show();
+    auto& pages = *preview.findChild<QPrintPreviewWidget*>();
+    auto& number = *preview.findChild<QSpinBox*>("edtPage");
+    auto& zoom = *preview.findChild<QComboBox*>("cmbZoom");
+    const auto press = [&](const char* name) { preview.findChild<QAction*>(name)->trigger(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return number.maximum() == preview.PageCount(); }));
+    EXPECT_EQ(zoom.currentText(), "Page Width");
+    const double wide = pages.zoomFactor();
+    press("actZoomOut");
+    EXPECT_NEAR(pages.zoomFactor(), wide - 0.25, 1e-6);
+    press("actFitPage");
+    EXPECT_EQ(zoom.currentText(), "Whole Page");
+    zoom.setEditText("50%");
+    QTest::keyClick(zoom.lineEdit(), Qt::Key_Return);
+    EXPECT_NEAR(pages.zoomFactor(), 0.5, 1e-6);
+    EXPECT_TRUE(preview.isVisible()) << "Enter is the box's";
+
+    press("actLast");
+    EXPECT_EQ(pages.currentPage(), preview.PageCount());
+    EXPECT_EQ(number.value(), preview.PageCount());
+    press("actNext");
+    EXPECT_EQ(pages.currentPage(), preview.PageCount()) << "there is no next one";
+    number.setValue(2);
+    EXPECT_EQ(pages.currentPage(), 2);
+    press("actPrevious");
+    press("actPrevious");
+    EXPECT_EQ(number.value(), 1);
 }
 
 } // namespace
