@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/lotBaseValues.h"
 
+#include "engine/lotLineColours.h"
+
 namespace {
 
 constexpr std::array<std::string_view, 14> KeywordNames = {
@@ -10,7 +12,7 @@ constexpr std::array<std::string_view, 14> KeywordNames = {
 } // namespace
 
 TlotBaseValues::TlotBaseValues() {
-    SiteValue.Colour = 19;
+    SiteValue.Colour = LineColours::Costs.Index;
     const std::array<const double*, KeywordNames.size()> figures = {
         &SiteValue.Amount, &GrossRent.Amount, &NetRent.Amount, &NetCap.Amount, &GrossCap.Amount,
         &NonCap.Amount,    &Build.Amount,     &Section.Amount, &Group.Amount,  &Profit,

@@ -11,6 +11,7 @@
 #include "common/vipSADouble.h"
 #include "engine/lotBaseValues.h"
 #include "engine/lotCashflow.h"
+#include "engine/lotLineColours.h"
 
 #include <memory>
 #include <string>
@@ -47,7 +48,7 @@ struct TlotItemResults {
 
 class TlotItem : public TlotItemTerms, public TlotItemResults {
 public:
-    TlotItem() { Line.Colour = 19; }
+    TlotItem() { Line.Colour = LineColours::Costs.Index; }
     TlotItem(const TlotItem&) = delete;
     TlotItem& operator=(const TlotItem&) = delete;
 

@@ -4,6 +4,7 @@
 #include "common/vipBisect.h"
 #include "common/vipFormulae.h"
 #include "common/vipText.h"
+#include "engine/lotLineColours.h"
 
 #include <tuple>
 
@@ -30,13 +31,13 @@ int RentsAYear(TlotRentalValues rentalValues) noexcept {
 }
 
 TlotUnit::TlotUnit() {
-    BuildLine.Colour = 39;
-    BuildLine.BarColour = 0xFFCC99;
-    RentLine.Colour = 23;
-    RentLine.BarColour = 0xA6CAF0;
+    BuildLine.Colour = LineColours::Build.Index;
+    BuildLine.BarColour = LineColours::Build.Rgb;
+    RentLine.Colour = LineColours::Rent.Index;
+    RentLine.BarColour = LineColours::Rent.Rgb;
     RentLine.Income = true;
-    SalesLine.Colour = 34;
-    SalesLine.BarColour = 0xC0DCC0;
+    SalesLine.Colour = LineColours::Sales.Index;
+    SalesLine.BarColour = LineColours::Sales.Rgb;
     SalesLine.Income = true;
 }
 

@@ -2,6 +2,7 @@
 #include "reporting/lotSpreadsheetPage.h"
 
 #include "common/vipErrors.h"
+#include "engine/lotLineColours.h"
 
 #include <algorithm>
 #include <array>
@@ -12,26 +13,24 @@ namespace {
 
 constexpr TSpreadsheetCell EmptyCell;
 
-struct TPaletteEntry {
-    std::uint8_t Index;
-    std::uint32_t Colour;
-};
-
 constexpr std::array Palette{
-    TPaletteEntry{SheetPalette::Grey, 0x8A949D},       TPaletteEntry{SheetPalette::Heading, 0xDCE6EC},
-    TPaletteEntry{SheetPalette::Costs, 0xCCFFFF},      TPaletteEntry{SheetPalette::Rent, 0xA6CAF0},
-    TPaletteEntry{SheetPalette::Sales, 0xC0DCC0},      TPaletteEntry{SheetPalette::Build, 0xFFCC99},
-    TPaletteEntry{SheetPalette::OutOfRange, 0xF3F5F7},
+    TlotLineColour{SheetPalette::Grey, 0x8A949D},
+    TlotLineColour{SheetPalette::Heading, 0xDCE6EC},
+    LineColours::Costs,
+    LineColours::Rent,
+    LineColours::Sales,
+    LineColours::Build,
+    TlotLineColour{SheetPalette::OutOfRange, 0xF3F5F7},
 };
 
 } // namespace
 
 std::uint32_t SheetColour(std::uint8_t index) {
-    const auto entry = std::ranges::find(Palette, index, &TPaletteEntry::Index);
+    const auto entry = std::ranges::find(Palette, index, &TlotLineColour::Index);
     if (entry == Palette.end()) {
         throw ELotError("The sheet has no colour " + std::to_string(index) + ".");
     }
-    return entry->Colour;
+    return entry->Rgb;
 }
 
 TSpreadsheetText FormatSheetNumber(std::string_view format, double value, const TNumberLocale& locale) {

@@ -35,14 +35,10 @@ struct TSpreadsheetStyle {
 inline constexpr std::string_view AccountingFormat = "(#,##0_);(#,##0)";
 inline constexpr std::string_view AccountingRedFormat = "(#,##0_);[Red](#,##0)";
 
-/// The palette entries that sheets use.
+/// The palette entries that sheets use besides LineColours.
 namespace SheetPalette {
 inline constexpr std::uint8_t Grey = 15;       ///< Figures that cannot be edited.
 inline constexpr std::uint8_t Heading = 18;    ///< Behind a heading.
-inline constexpr std::uint8_t Costs = 19;      ///< #CCFFFF
-inline constexpr std::uint8_t Rent = 23;       ///< #A6CAF0
-inline constexpr std::uint8_t Sales = 34;      ///< #C0DCC0
-inline constexpr std::uint8_t Build = 39;      ///< #FFCC99
 inline constexpr std::uint8_t OutOfRange = 56; ///< Months without money.
 } // namespace SheetPalette
 
