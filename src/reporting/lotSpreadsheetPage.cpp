@@ -133,6 +133,18 @@ int TSpreadsheetPage::ColumnWidth(int column) const {
     return width > 0 ? width : DefaultColumnWidth;
 }
 
+int TSpreadsheetPage::RowSizeDelta(int row) const {
+    int delta = 0;
+    std::uint16_t seen = 0;
+    for (const TSpreadsheetCell& cell : FRows.at(static_cast<std::size_t>(row))) {
+        if (cell.Style != seen) { // Neighbours mostly look alike.
+            seen = cell.Style;
+            delta = std::max<int>(delta, FStyles[seen].SizeDelta);
+        }
+    }
+    return delta;
+}
+
 const TSpreadsheetCell& TSpreadsheetPage::Cell(int row, int column) const noexcept {
     if (row < 0 || row >= FRowCount || column < 0) {
         return EmptyCell;

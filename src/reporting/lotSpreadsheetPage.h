@@ -98,6 +98,9 @@ public:
     [[nodiscard]] int RowCount() const noexcept { return FRowCount; }
     [[nodiscard]] int ColumnCount() const noexcept { return FColumnCount; } ///< Of the longest row.
     [[nodiscard]] int ColumnWidth(int column) const;
+    /// By how many points the largest font of the row is larger than the page's, at least 0: what makes a row higher
+    /// than others wherever the sheet is shown.
+    [[nodiscard]] int RowSizeDelta(int row) const;
 
     /// An empty plain cell where none was set.
     [[nodiscard]] const TSpreadsheetCell& Cell(int row, int column) const noexcept;

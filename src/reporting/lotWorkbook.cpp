@@ -127,6 +127,11 @@ double WorkbookNumber(std::string_view format, double value) {
     return vip::ReadMask(format).IsPercentage() ? value / 100 : value;
 }
 
+double WorkbookRowHeight(const TSpreadsheetPage& page, int sizeDelta) {
+    constexpr double lineHeight = 1.4; // In sizes of the font.
+    return lineHeight * (page.FontSize + sizeDelta);
+}
+
 double WorkbookWidth(int pixels) {
     constexpr double Padding = 5; // Pixels, and the width of a digit, of their standard font.
     constexpr double Digit = 7;

@@ -33,5 +33,7 @@ void SaveWorkbook(const TSpreadsheetPage& page, const std::string& fileName, con
 [[nodiscard]] std::string WorkbookFormat(std::string_view format);
 /// The number of a cell as they hold it: percentages as ratios.
 [[nodiscard]] double WorkbookNumber(std::string_view format, double value);
+/// The height of a row in points, for RowSizeDelta.
+[[nodiscard]] double WorkbookRowHeight(const TSpreadsheetPage& page, int sizeDelta);
 /// A width in pixels as they hold it: in digits.
 [[nodiscard]] double WorkbookWidth(int pixels);

@@ -163,9 +163,13 @@ void WritePrintTitles(TBiffStream& stream, const TSpreadsheetPage& page) {
                                         .Rows = {.RowLast = lastRow, .ColumnLast = MostColumns - 1}});
 }
 
+std::uint32_t RowTwips(const TSpreadsheetPage& page, int sizeDelta) {
+    return static_cast<std::uint32_t>(std::lround(TwipsPerPoint * WorkbookRowHeight(page, sizeDelta)));
+}
+
 void WriteSheetHead(TBiffStream& stream, const TSpreadsheetPage& page) {
     stream.Record(biff::TBof{biff::TSubstream::Sheet});
-    stream.Record(biff::TDefaultRowHeight{static_cast<std::uint32_t>(page.FontSize * 28)});
+    stream.Record(biff::TDefaultRowHeight{RowTwips(page, 0)});
     stream.Record(biff::TWsBool{page.FitsPageWidth});
     stream.Record(biff::TFooter{"&L&A&RPage &P of &N"});
     stream.Record(biff::TSetup{.IFitHeight = page.FitsPageWidth ? 0U : 1U, .Portrait = page.FitsPageWidth});
@@ -180,13 +184,10 @@ void WriteSheetHead(TBiffStream& stream, const TSpreadsheetPage& page) {
 
 /// A larger font needs a higher row; the others take the height of the sheet.
 void WriteRow(TBiffStream& stream, const TSpreadsheetPage& page, int row) {
-    int delta = 0;
-    for (int column = 0; column < page.ColumnCount(); ++column) {
-        delta = std::max<int>(delta, page.StyleOf(page.Cell(row, column)).SizeDelta);
-    }
+    const int delta = page.RowSizeDelta(row);
     stream.Record(biff::TRow{.Rw = static_cast<std::uint32_t>(row),
                              .ColMac = static_cast<std::uint32_t>(page.ColumnCount()),
-                             .MiyRw = static_cast<std::uint32_t>((page.FontSize + delta) * 28),
+                             .MiyRw = RowTwips(page, delta),
                              .Unsynced = delta > 0});
 }
 

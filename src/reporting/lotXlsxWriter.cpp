@@ -111,12 +111,10 @@ void SetUpSheet(lxw_worksheet& sheet, const TSpreadsheetPage& page, lxw_format* 
         const auto c = static_cast<lxw_col_t>(column);
         Check(worksheet_set_column(&sheet, c, c, WorkbookWidth(page.ColumnWidth(column)), plain));
     }
-    constexpr double lineHeight = 1.4; // Of a row, in sizes of its font.
-    worksheet_set_default_row(&sheet, lineHeight * page.FontSize, LXW_FALSE);
+    worksheet_set_default_row(&sheet, WorkbookRowHeight(page, 0), LXW_FALSE);
     for (int row = 0; row < page.RowCount(); ++row) {
-        if (const int delta = page.StyleOf(page.Cell(row, 0)).SizeDelta; delta > 0) {
-            Check(
-                worksheet_set_row(&sheet, static_cast<lxw_row_t>(row), lineHeight * (page.FontSize + delta), nullptr));
+        if (const int delta = page.RowSizeDelta(row); delta > 0) {
+            Check(worksheet_set_row(&sheet, static_cast<lxw_row_t>(row), WorkbookRowHeight(page, delta), nullptr));
         }
     }
     const auto rows = static_cast<lxw_row_t>(page.FrozenRows);

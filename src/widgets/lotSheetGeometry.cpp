@@ -52,12 +52,7 @@ TSheetGeometry::TSheetGeometry(const TSpreadsheetPage& page, const TSheetFonts& 
     FTops.reserve(static_cast<std::size_t>(page.RowCount()) + 1);
     FTops.push_back(0);
     for (int row = 0; row < page.RowCount(); ++row) {
-        // Only labels are ever larger than the rest, and they stand in front of the months.
-        int delta = 0;
-        for (int column = 0; column < std::min(page.ColumnCount(), page.FrozenColumns + 1); ++column) {
-            delta = std::max<int>(delta, page.StyleOf(page.Cell(row, column)).SizeDelta);
-        }
-        FTops.push_back(FTops.back() + fonts.RowHeight(delta));
+        FTops.push_back(FTops.back() + fonts.RowHeight(page.RowSizeDelta(row)));
     }
     FLefts.reserve(static_cast<std::size_t>(page.ColumnCount()) + 1);
     FLefts.push_back(0);

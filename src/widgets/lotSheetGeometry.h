@@ -22,7 +22,7 @@ public:
     TSheetFonts(const TSpreadsheetPage& page, const QPaintDevice* device);
 
     [[nodiscard]] const QFont& Font(const TSpreadsheetStyle& style) const;
-    /// Of a row whose largest font is that much larger than the page's.
+    /// Of a row, for RowSizeDelta: its largest font and a little room above and below.
     [[nodiscard]] double RowHeight(int sizeDelta) const;
 
 private:

@@ -56,7 +56,7 @@ TSheetPrinter::TSheetPrinter(const TSpreadsheetPage& page, const TNumberLocale& 
     FFootHeight = 2 * FFonts.RowHeight(0);
     std::vector<bool> headings;
     for (int row = 0; row < page.RowCount(); ++row) {
-        headings.push_back(page.StyleOf(page.Cell(row, 0)).SizeDelta > 0);
+        headings.push_back(page.RowSizeDelta(row) > 0);
     }
     FPages = PaginateSheet(FGeometry, std::min(page.FrozenRows, page.RowCount()),
                            std::min(page.FrozenColumns, page.ColumnCount()), FArea.width(),
