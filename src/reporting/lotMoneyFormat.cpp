@@ -28,25 +28,26 @@ std::optional<int> MoneyDecimals(std::string_view format) {
     return std::clamp(decimals, 0, MostDecimals);
 }
 
-} // namespace
-
-std::string FormatMoney(std::string_view format, double value, const TNumberLocale& locale) {
+std::string MoneyPicture(std::string_view format) {
     const std::optional<int> decimals = MoneyDecimals(format);
     if (!decimals) {
         throw ELotError(std::string(format) + " is no money or number format");
     }
-    std::string mask = ",0";
-    if (*decimals > 0) {
-        mask += '.' + std::string(static_cast<std::size_t>(*decimals), '0');
-    }
-    return vip::FormatMask(mask, value, locale);
+    return *decimals > 0 ? ",0." + std::string(static_cast<std::size_t>(*decimals), '0') : ",0";
+}
+
+} // namespace
+
+std::string PictureOf(std::string_view format) {
+    return format.starts_with('%') ? MoneyPicture(format) : std::string(format);
+}
+
+std::string FormatMoney(std::string_view format, double value, const TNumberLocale& locale) {
+    return vip::FormatMask(MoneyPicture(format), value, locale);
 }
 
 std::string FormatFigure(std::string_view format, double value, const TNumberLocale& locale) {
-    if (format.empty()) {
-        return vip::NumberToText(value, locale);
-    }
-    return format.front() == '%' ? FormatMoney(format, value, locale) : vip::FormatMask(format, value, locale);
+    return format.empty() ? vip::NumberToText(value, locale) : vip::FormatMask(PictureOf(format), value, locale);
 }
 
 std::string NumberFormat(int decimals) {

@@ -2,11 +2,11 @@
 #include "common/vipNumber.h"
 #include "reportengine/exports/lotReportExports.h"
 #include "reportengine/exports/lotReportGrid.h"
+#include "reporting/lotMoneyFormat.h"
 #include "reporting/lotSpreadsheetPage.h"
 #include "reporting/lotWorkbook.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -21,19 +21,6 @@ constexpr double PixelsPerTwip = 96 / TwipsPerInch;
 constexpr int MostColumnPixels = 400;
 constexpr int DigitPixels = 7;
 constexpr double GapOfARow = 3.5 * TwipsPerMm; // A space of that height is worth an empty row.
-
-/// The mask of a number format: ",0.00" for "%2.2n" and "%2.2m"; masks stay as they are.
-std::string MaskOf(const std::string& format) {
-    if (!format.starts_with('%')) {
-        return format;
-    }
-    int decimals = 0;
-    const std::size_t point = format.find('.');
-    if (point != std::string::npos) {
-        std::from_chars(format.data() + point + 1, format.data() + format.size(), decimals);
-    }
-    return decimals > 0 ? ",0." + std::string(static_cast<std::size_t>(std::min(decimals, 20)), '0') : ",0";
-}
 
 struct TFigure {
     double Number = 0;
@@ -96,7 +83,7 @@ private:
         // Figures of one column end at one edge, whatever their widths are.
         const int column = right ? cell.Column + cell.Span - 1 : cell.Column;
         if (text.Number) {
-            AddNumber(FRow, column, text, {*text.Number, MaskOf(text.Format)}, text.Whole.size());
+            AddNumber(FRow, column, text, {*text.Number, PictureOf(text.Format)}, text.Whole.size());
             return 1;
         }
         // One line in a cell: what was broken into several goes below each other.
