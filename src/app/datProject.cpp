@@ -48,7 +48,7 @@ bool TProjectData::LoadProject(const std::string& fileName) {
         FServices.Messages.Show(TlotMessageKind::Warning, "That is not a Lotmaster file.");
         return false;
     }
-    // Before the project, whose version may be refused: the settings are taken over all the same.
+    // Read before the project on purpose: they are taken over even where the version of the project is refused.
     TSAReader::Read(reader.Document().document_element(), SAModelNew(), FLocale);
     return ReadInto(reader, Project());
 }

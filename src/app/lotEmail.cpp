@@ -25,7 +25,7 @@ bool TlotEmail::IsUsers(const std::string& target) const {
 }
 
 void TlotEmail::AttachProject(std::vector<std::string>& attachments) {
-    // A project without a name goes into the current folder: deliberate, it always did.
+    // A project without a name is written into the current folder, on purpose.
     const std::string name = std::filesystem::path(FData.FileName).filename().string();
     const std::string target = name.empty() ? "Untitled.lot" : FTemporaryFolder + name;
     bool saved = false;

@@ -11,7 +11,7 @@
 /// exception may pass through the toolkit's own code, which does not clean up behind it.
 bool Guarded(const std::function<void()>& work);
 
-/// Failures are told through `messages` for as long as it lives; through nothing that lives, on standard error.
+/// Failures are told through `messages` for as long as this object lives; while there is none, on standard error.
 class TFailureMessages {
 public:
     explicit TFailureMessages(TlotMessageService& messages);

@@ -75,7 +75,7 @@ public:
     [[nodiscard]] double Today() const override;
 };
 
-/// A clock that stands.
+/// A clock that always shows the same day.
 class TlotFixedClock final : public TlotClock {
 public:
     explicit TlotFixedClock(double today) : FToday(today) {}

@@ -63,8 +63,8 @@ public:
     /// `count` zeros, whatever stood there.
     void Zero(int count) { static_cast<void>(Prepare(count, count)); }
 
-    /// Gives it `count` elements, zeros below `lead`, and hands out the rest to be written: what stands there is of no
-    /// account.
+    /// Gives it `count` elements, zeros below `lead`, and hands out the rest, which holds leftovers: the caller writes
+    /// every element of it.
     [[nodiscard]] std::span<double> Prepare(int lead, int count) {
         const std::size_t first = Index(lead);
         Resize(count);

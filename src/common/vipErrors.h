@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The kinds of failure, told apart by who must act. A calculation answers quietly (0, an Error flag); these are for
-// what it cannot answer: broken promises, expressions that cannot be read, data that cannot be trusted.
+// what it cannot answer: faults of the program, expressions that cannot be read, data that cannot be trusted.
 #pragma once
 
 #include <stdexcept>
@@ -19,7 +19,7 @@ public:
     ERangeError() : ELotError("Range check error") {}
 };
 
-/// An internal promise was broken.
+/// Something that the program itself guarantees does not hold.
 class EAssertionFailed : public ELotError {
 public:
     EAssertionFailed() : ELotError("Assertion failure") {}

@@ -19,8 +19,8 @@ struct TNumberLocale {
 namespace vip {
 
 /// Reads a number out of any text, under either separator convention; text without digits gives 0, and so does a text
-/// that holds two decimal separators after all. Brackets, blanks and currency signs are dropped; a leading "-" counts,
-/// a bracket does not.
+/// in which two decimal separators remain once thousands are joined. Brackets, blanks and currency signs are dropped: a
+/// leading "-" makes a negative number, brackets do not.
 [[nodiscard]] double StrToNumber(std::string_view text, const TNumberLocale& locale);
 
 /// As `StrToNumber`, for text that a program wrote: writers never group digits, so where exactly one character out of

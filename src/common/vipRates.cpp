@@ -48,7 +48,7 @@ using TPair [[gnu::vector_size(2 * sizeof(double))]] = double;
 }
 
 /// About the sum that `DiscountedSum` gives at 12 periods a year, fast: double precision throughout, each lane added up
-/// for itself, and the months left out behind which what is left is less than `negligible`, a share of the flows.
+/// for itself, and no month whose discount factor is `negligible` or less.
 double QuickSum(double rate, std::span<const double> values, double negligible) noexcept {
     const double v = std::pow(1 + rate, -1.0 / MonthsAYear);
     const double v2 = v * v;
@@ -111,8 +111,8 @@ double PresentValue(double rate, int periodsPerYear, std::span<const double> val
 double AnnualIRR(std::span<const double> flows) noexcept {
     VBisect solver;
     solver.Start(50, 0, 0, 1000);
-    // Only a sum within the tolerance of 0 must be exact to the order of its months: further off, its sign is all that
-    // counts, and a quick sum tells that, being out by no more than what it leaves away and a few roundings a month.
+    // Only a sum within the tolerance of 0 must be added in the order of the months. Further off its sign is all that
+    // counts, and the quick sum has the right one: it errs by the months it skips and a few roundings a month, no more.
     const double magnitude = Magnitude(flows);
     const double rounding = 8 * static_cast<double>(flows.size() + Lanes) * std::numeric_limits<double>::epsilon();
     const double left = solver.Tolerance / 10;

@@ -21,7 +21,7 @@ public:
     TlotAdjust& operator=(const TlotAdjust&) = delete;
 
     TlotAdjustField BuildCost{"Build Cost", 0};
-    TlotAdjustField Yield{"Yield", 0}; ///< Handed on and read by nothing: scenarios shift each unit's yield itself.
+    TlotAdjustField Yield{"Yield", 0}; ///< Nothing reads it: scenarios shift each unit's yield itself.
     TlotAdjustField Sales{"Sales", 0};
     TlotAdjustField InterestRate{"Interest Rate", 0};
     const TlotAdjustFieldList Fields{&BuildCost, &Yield, &Sales, &InterestRate};

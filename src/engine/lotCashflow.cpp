@@ -185,7 +185,7 @@ void TlotCashflowItem::Simplify() {
         return;
     }
     if (Portions.Count() == 1) {
-        // A single month is plain whatever its weight; the array stays, and with it the weight of a rent.
+        // Month 0 alone is a straight line whatever its weight. The array stays: a repeated amount takes the weight.
         Start = 0;
         Period = 1;
         return;

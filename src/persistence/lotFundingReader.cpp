@@ -9,8 +9,8 @@
 
 namespace {
 
-/// An element with `Count` and that many `Value` children: what is missing is 0, what is too much is left. A count of
-/// zero or less leaves the array as it was.
+/// An element with `Count` and that many `Value` children: missing ones count as 0, further ones are ignored. A count
+/// of zero or less leaves the array as it was.
 void ReadValueArray(const TlotElement& e, TlotDoubles& values) {
     const std::int32_t count = e.Integer("Count");
     if (count <= 0) {

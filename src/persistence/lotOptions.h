@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // The options that all users of an installation share, with the figures that hold where nothing was ever set, and their
-// file, which administrators edit too. Never saved but by whoever changed them.
+// file, which administrators edit too. Saved by whoever changed them, never as a matter of course.
 #pragma once
 
 #include "common/vipNumber.h"

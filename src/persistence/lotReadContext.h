@@ -22,7 +22,7 @@ public:
 
     /// Reads a spread into a line and simplifies it once it is complete. Throws EFileError beyond the limits.
     void ReadSpread(const TlotElement& e, TlotCashflowItem& line);
-    /// A loan's month may lie before the project, where its calculation is refused, but not beyond all bounds.
+    /// A loan's month may be negative: calculating refuses that. Throws EFileError above lotLimits::Months.
     [[nodiscard]] std::int32_t LoanMonth(const TlotElement& e, const char* name) const;
     /// Takes a section, and a loan that is read, into account. Throw EFileError beyond the limits.
     void CountSection(const TlotElement& e);

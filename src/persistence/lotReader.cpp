@@ -50,7 +50,7 @@ bool TlotReader::Read(TlotProject& project) {
         return false;
     }
     try {
-        // Whatever is wrong in the file shows on a project of no account first.
+        // Read into a trial project first: a file that is refused half way must leave the open project as it was.
         TlotProject trial(FToday);
         TlotProjectReader(trial, version, FLocale, FToday).Read(node);
         project.Clear(FToday);

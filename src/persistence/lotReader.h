@@ -17,8 +17,8 @@ public:
     /// `editionFlag` marks the hand-held edition. `today` is the date that stands in for an absent start date.
     TlotReader(bool editionFlag, const TNumberLocale& locale, double today);
 
-    /// Reads and parses the file; false if it cannot be read, is no well-formed XML of sound text, or is beyond all
-    /// bounds.
+    /// Reads and parses the file; false if it cannot be read, is no well-formed XML of sound text, or is larger or
+    /// nested deeper than lotLimits allow.
     [[nodiscard]] bool LoadFromFile(const std::string& fileName);
     /// The same from memory; `name` stands for the file in messages.
     [[nodiscard]] bool LoadFromMemory(std::string_view content, const std::string& name);

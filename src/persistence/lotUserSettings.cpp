@@ -18,7 +18,7 @@ template <class Settings, class Visitor> void VisitKeys(Settings& settings, cons
     visit("TimescaleView", "FontName", settings.TimescaleView.Name);
 }
 
-/// No figures with decimals here, so no locale either.
+/// User settings are texts and whole numbers, which have no separators.
 constexpr TNumberLocale NoLocale{};
 
 /// A view could not be drawn in a size of nothing, nor in one that fills the screen.

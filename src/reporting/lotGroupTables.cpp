@@ -11,8 +11,8 @@ void AddUnlessZero(TlotTable& table, const char* name, double value) {
     }
 }
 
-/// A row for each group with a total. The site's stands for the site value itself; `addConstruction` makes that of the
-/// construction group.
+/// A row for each group with a total. The group of the site shows the site value in place of its total;
+/// `addConstruction` adds the rows of the construction group.
 template <class TAddConstruction>
 void AddGroups(TlotTable& table, const TlotReportSource& source, TAddConstruction addConstruction) {
     const TlotProject& project = source.Project;

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A row for each line; a break at the very end begins none.
+/// A row for each line; a line break at the very end adds no empty row.
 void AddLines(TlotTable& table, std::string_view text) {
     constexpr std::string_view lineBreak = "\r\n";
     const std::string lines = vip::NormaliseLineBreaks(text);

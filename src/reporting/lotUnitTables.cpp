@@ -37,7 +37,7 @@ public:
         if (unit.IsCapitalised) {
             AddCapitalisation(unit);
         } else {
-            // The schedule says it all; a template that prints the lines finds one that is blank.
+            // Nothing to tell beside the schedule; the one empty row keeps templates that print these lines going.
             static_cast<void>(AppendMisc());
         }
     }

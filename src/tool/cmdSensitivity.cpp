@@ -138,8 +138,8 @@ void TSensitivityCommand::Configure(TSAModel& model) const {
 
 void TSensitivityCommand::Run(TToolSession& session) {
     TSAModel& model = FOld ? static_cast<TSAModel&>(session.Data().SAModelOld()) : session.Data().SAModelNew();
-    // Before the file too, so that wrong words are told as such whatever the file is like; what they set, the file's
-    // own settings may replace.
+    // Before the file is opened, so that a wrong word is told as such whatever the file is like; and again afterwards,
+    // since the file brings settings of its own.
     Configure(model);
     session.Open(FFile);
     Configure(model);

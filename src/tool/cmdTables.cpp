@@ -56,7 +56,7 @@ CLI::App* TTablesCommand::Register(CLI::App& app) {
 void TTablesCommand::Run(TToolSession& session) {
     session.Open(FFile);
     session.Data().Recalculate();
-    // The footer and the company are an installation's; a script's results hang on its file alone.
+    // Not the installation's footer and company: what a script gets depends on its file alone.
     const TlotOptions options;
     TlotReportTables tables;
     tables.BuildReportTables(static_cast<TlotReportKind>(FKind), session.Project(), session.Locale,

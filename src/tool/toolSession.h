@@ -65,8 +65,8 @@ public:
     [[nodiscard]] const TlotOptions& Options() const noexcept { return FOptions; }
 
     /// Takes the options of the installation (the firm's heading, logo, footer and colours), which otherwise are the
-    /// built-in ones, so that a script's figures hang on its file alone. `systemFolder` stands in for the shared folder
-    /// of settings, unless empty. Returns where the report templates are.
+    /// built-in ones, so that a script's figures depend on its file alone. `systemFolder` stands in for the shared
+    /// folder of settings, unless empty. Returns where the report templates are.
     TReportFolders UseInstallation(const std::string& systemFolder);
 
     /// Opens a project file. Throws EToolRefused where the reason has been told, ELotError otherwise.

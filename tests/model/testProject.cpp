@@ -113,9 +113,9 @@ TEST_F(Project, ALoanAsEquitySourceTakesTheEquitysPlace) {
     ExpectClose(FProject.TDC, 100'000 + interest);
     ExpectClose(FProject.NPV(), 100'000 - interest, "flows with the interest of each month, undiscounted");
     ExpectClose(loan.NPVExcludingInterest, 100'000 - interest, "flows after drawings and the repayment");
-    EXPECT_EQ(FProject.Equity.InterestRate.Value, 0) << "deliberately lost";
+    EXPECT_EQ(FProject.Equity.InterestRate.Value, 0) << "cleared, on purpose, where a loan stands in for the equity";
     EXPECT_EQ(FProject.Equity.Cashflow.Count(), 0);
-    EXPECT_EQ(FProject.Equity.NPV, equityNPV) << "stands still";
+    EXPECT_EQ(FProject.Equity.NPV, equityNPV) << "no longer computed";
     FProject.Funding.EquitySource = "bank";
     EXPECT_EQ(FProject.Funding.FindEquitySourceLoan(), nullptr) << "no loan of exactly that name";
     FProject.Funding.EquitySource = "Bank";

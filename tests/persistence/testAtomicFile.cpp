@@ -64,7 +64,7 @@ TEST(AtomicFile, FullDiskLeavesTheOldFileAndNoOther) {
     EXPECT_EQ(folder.Count(), 1);
 }
 
-/// Never back to the test's own code: a failure ends the process.
+/// Runs in a child process that is killed, and must never return into the test's code there: a failure ends it.
 [[noreturn]] void SaveForEver(const std::string& file, const std::string (&contents)[2]) noexcept {
     for (unsigned i = 0;; ++i) {
         WriteFileAtomically(file, contents[i % 2]);

@@ -85,7 +85,7 @@ TEST(TextForms, SpreadsAreSparseAndPlainShapesBecomeStartAndPeriod) {
         {{"<SiteValue Start='2' Period='5'><Values Index='1' SpreadValue='1'/><Values Index='3' SpreadValue='2,5'/>"
           "</SiteValue>",
           "<SiteValue Start='2' Period='5'><Values Index='1' SpreadValue='1'/><Values Index='3' SpreadValue='2.5'/></"},
-         // Known for plain when the last month is: equal months side by side, or one alone.
+         // Equal months side by side, or one alone after month 0, are saved as a straight line.
          {"<SiteValue Start='9'><Values Index='4' SpreadValue='2'/><Values Index='3' SpreadValue='2'/></SiteValue>",
           "<SiteValue Start='3' Period='2'/>"},
          {"<SiteValue Start='9'><Values Index='6' SpreadValue='0.4'/></SiteValue>",
@@ -95,7 +95,7 @@ TEST(TextForms, SpreadsAreSparseAndPlainShapesBecomeStartAndPeriod) {
          {"<SiteValue Start='4' Period='2'><Values Index='5' SpreadValue='0'/></SiteValue>",
           "<SiteValue Start='4' Period='2'/>"},
          {"<SiteValue Start='0' Period='12000'/>", "<SiteValue Start='0' Period='12000'/>"}});
-    // The reader does so by itself, and so does the writer.
+    // The reader simplifies a line that it reads; the writer simplifies one that was changed since.
     TlotProject project(TestToday);
     TlotCashflowItem& site = project.BaseValues.SiteValue;
     ASSERT_TRUE(OpenText(project, FileText("", "<SiteValue><Values Index='4' SpreadValue='2'/></SiteValue>")));

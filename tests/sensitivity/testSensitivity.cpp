@@ -212,7 +212,7 @@ TEST_F(Sensitivity, AFailureInATableOrACellPutsTheModelBack) {
 
 TEST_F(Sensitivity, WhatIsLeftOutIsNotShiftedAndIndicesAreChecked) {
     TSACategory& bread = FModel.Categories[0];
-    EXPECT_TRUE(bread.Included(5)) << "beyond what was told all take part";
+    EXPECT_TRUE(bread.Included(5)) << "items that were never set take part";
     EXPECT_THROW(bread.SetIncluded(0, false), ELotError);
     bread.ResetIncluded();
     bread.SetIncluded(0, false);

@@ -33,7 +33,7 @@ int InkedPixels(const QImage& image) {
 
 } // namespace
 
-// A drawing with a slip in it renders as nothing, or as a blot, and nobody sees it before the screen it is on.
+// A faulty drawing renders as nothing, or as a blot, which shows only on the screen that uses it.
 TEST(Look, EveryIconIsADrawingThatShowsItsState) {
     const QStringList files = QDir(":/icons").entryList({"*.svg"});
     ASSERT_GT(files.size(), 60);

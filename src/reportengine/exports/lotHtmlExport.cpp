@@ -113,7 +113,7 @@ void THtmlPage::AddCell(QString& body, const TGridCell& cell) {
             text += (text.isEmpty() ? "" : "<br/>") + line.toHtmlEscaped().remove(u'\r');
         }
         const QString fill = qAlpha(item.Fill) != 0 ? " style=\"background:" + Colour(item.Fill) + "\"" : QString();
-        // Where a figure had to be set smaller to fit its paper, it needn't be here.
+        // The whole text: what had to be cut to fit on paper fits here.
         body += "<td class=\"" + ClassOf(source->Look) + "\"" + span + fill + ">" + text + "</td>";
         return;
     }

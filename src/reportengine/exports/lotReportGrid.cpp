@@ -15,10 +15,10 @@ namespace report {
 namespace {
 
 constexpr double SameEdge = 120;    // Twips; nearer edges are one.
-constexpr double WideShare = 0.6;   // Of the page's room: a line of that width rules a row, a shorter one a figure.
+constexpr double WideShare = 0.6;   // Of the page's width: a line that long rules the row, a shorter one a figure.
 constexpr double RuleDistance = 80; // Twips between a rule and its row.
 constexpr double HeadingGap = 5 * TwipsPerMm;
-constexpr double Spare = 1.15; // Other programs' letters may be wider than ours.
+constexpr double Spare = 1.15; // Of a text's width: the fonts of other programs may be wider than ours.
 
 bool IsCell(const TPreparedItem& item) {
     struct TSeen {
@@ -324,7 +324,7 @@ TReportGrid BuildReportGrid(const TPreparedReport& report) {
             Decorate(*band, width, rows);
             for (TDraftRow& row : rows) {
                 row.Row.Height = row.Bottom - row.Top;
-                // What begins a page has room above it there; here a heading needs some.
+                // A heading at the top of a page has the margin above it; here it needs a gap instead.
                 const double least = top && page > 0 && band->Kind == TBandKind::Header ? HeadingGap : 0;
                 row.Row.GapAbove = std::clamp(band->Top + row.Top - bottom, least, 15 * TwipsPerMm);
                 row.Row.PartStart = partStart;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // A finished report as one long table, for formats that know rows and cells but no places on paper. Texts that begin or
-// end at one place make a column; what stands at one height becomes a row. Page headers and repeated heads are left
-// out, page footers but the last too, and what counts pages.
+// end at one place make a column; what stands at one height becomes a row. Left out are page headers but the first,
+// repeated heads, page footers but the last, and page numbers.
 #pragma once
 
 #include "reportengine/pages/lotPreparedReport.h"

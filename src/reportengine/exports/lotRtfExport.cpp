@@ -69,7 +69,7 @@ int TRtfDocument::ColourIndex(QRgb colour) {
         FColours.push_back(colour | 0xFF000000U);
         found = FColours.end() - 1;
     }
-    return static_cast<int>(found - FColours.begin()) + 1; // 0 is the reader's own.
+    return static_cast<int>(found - FColours.begin()) + 1; // 0 is the default colour of the reader's program.
 }
 
 QByteArray TRtfDocument::Look(const TTextLook& look) {

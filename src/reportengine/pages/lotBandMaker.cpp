@@ -44,7 +44,7 @@ bool IsAbove(const TTemplateObject& upper, const TTemplateObject& lower) {
            lower.Rect.left() < upper.Rect.right();
 }
 
-/// How far an object moves down: with the lowest of those right above it, none of them being above another of them.
+/// How far an object moves down: as far as the one that moves most of those directly above it, with none between.
 double PushOf(std::span<const TPlaced> others, const TPlaced& own) {
     double push = 0;
     bool any = false;

@@ -44,13 +44,13 @@ TReportGround::TReportGround() {
     if (QGuiApplication::instance() != nullptr) {
         return;
     }
-    // A report is made without a display, also where there happens to be one.
+    // Offscreen even where there is a display: reports need none.
     static int count = 3;
     static std::array<char, 8> name{"lotcalc"};
     static std::array<char, 10> option{"-platform"};
     static std::array<char, 10> platform{"offscreen"};
     static std::array<char*, 4> arguments{name.data(), option.data(), platform.data(), nullptr};
-    // Batches run without a session's folder, which nothing here needs: no warning about it.
+    // The toolkit warns where XDG_RUNTIME_DIR is missing, as in batch runs; nothing here needs it, so drop the warning.
     static QtMessageHandler before = nullptr;
     before = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& context, const QString& text) {
         if (!text.startsWith("QStandardPaths:")) {

@@ -196,7 +196,7 @@ void TReportRunner::PrintHead(const TTemplateBand& band) {
     THead head;
     head.RunningHead = FScope.Text(band.RunningHead);
     if (!head.RunningHead.isEmpty()) {
-        FRunningHead = head.RunningHead; // A page that it begins is already its own.
+        FRunningHead = head.RunningHead; // Before printing: if the head begins a page, the page header shows it.
     }
     const bool printed = Print(band);
     if (printed && band.Repeat) {

@@ -14,7 +14,7 @@ namespace report::detail {
 namespace {
 
 constexpr int MostDepth = 64;
-constexpr std::size_t MostLetters = 2000; // Which bounds the depth of chains such as a + b + c too.
+constexpr std::size_t MostLetters = 2000; // Bounds the depth of chains such as a + b + c, too.
 
 struct TFunctionRow {
     const char* Name;

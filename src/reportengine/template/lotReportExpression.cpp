@@ -18,7 +18,7 @@ using detail::TNodeKind;
 
 namespace {
 
-/// The row of one table that totals stand on, in place of its current one.
+/// While a total runs over the rows of a table: the row that counts in place of its current one.
 struct TRowOverride {
     const TlotTable* Table = nullptr;
     int Row = 0;

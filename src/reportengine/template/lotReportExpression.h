@@ -13,7 +13,7 @@
 //
 // The last three run over the rows that the place stands for: in a footer those of its band or group, elsewhere all of
 // the table. Count counts the rows whose field isn't empty, Join puts their texts behind each other, on lines of their
-// own without `sep`. An empty field counts as 0, "" or False, as its neighbour asks; dividing by 0 gives 0.
+// own without `sep`. An empty field counts as 0, "" or False, whichever the operator needs; dividing by 0 gives 0.
 #pragma once
 
 #include "reporting/lotTable.h"
@@ -29,7 +29,7 @@
 
 namespace report {
 
-/// Empty, text, number, truth. A date is a number that knows.
+/// Empty, a text, a number or a truth value. A date is a number with IsDate set.
 struct TValue {
     std::variant<std::monostate, std::string, double, bool> Content;
     bool IsDate = false;
