@@ -1,17 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Keys, mouse and the editor in the cell.
+// Keys, mouse and the clipboard.
+#include "widgets/lotAccessibleParts.h"
+#include "widgets/lotClipboardText.h"
+#include "widgets/lotHook.h"
 #include "widgets/lotSpreadsheetView.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
-#include <utility>
 
 TSheetSelection TSpreadsheetView::Selection() const noexcept {
     if (FRow < 0 || FColumn < 0) {
@@ -27,6 +28,7 @@ void TSpreadsheetView::Select(int anchorRow, int anchorColumn, int row, int colu
     if (lastRow < 0 || lastColumn < 0) {
         return;
     }
+    EndEdit(true);
     const TSheetSelection before = Selection();
     FAnchorRow = std::clamp(anchorRow, 0, lastRow);
     FAnchorColumn = std::clamp(anchorColumn, 0, lastColumn);
@@ -34,13 +36,16 @@ void TSpreadsheetView::Select(int anchorRow, int anchorColumn, int row, int colu
     FColumn = std::clamp(column, 0, lastColumn);
     BringIntoView(FRow, FColumn);
     viewport()->update();
-    if (Selection() != before && OnSelectionChange) {
-        OnSelectionChange();
+    TellCurrentPart(*this);
+    if (Selection() != before) {
+        RunHook(OnSelectionChange);
     }
 }
 
 void TSpreadsheetView::MoveTo(int row, int column, bool extend) {
-    EndEdit(true);
+    if (!EndEdit(true)) {
+        return; // The user still has to do with this cell.
+    }
     if (extend) {
         Select(FAnchorRow, FAnchorColumn, row, column);
     } else {
@@ -108,6 +113,8 @@ bool TSpreadsheetView::MoveByKey(const QKeyEvent& event) {
     case Qt::Key_Right: step(0, 1); break;
     case Qt::Key_Up: step(-1, 0); break;
     case Qt::Key_Down: step(1, 0); break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter: MoveTo(FRow + (extend ? -1 : 1), FColumn, false); break;
     case Qt::Key_PageUp: MoveTo(FRow - page, FColumn, extend); break;
     case Qt::Key_PageDown: MoveTo(FRow + page, FColumn, extend); break;
     case Qt::Key_Home: MoveTo(jump ? 0 : FRow, 0, extend); break;
@@ -118,21 +125,21 @@ bool TSpreadsheetView::MoveByKey(const QKeyEvent& event) {
 }
 
 void TSpreadsheetView::keyPressEvent(QKeyEvent* event) {
-    if ((OnKeyDown && OnKeyDown(*event)) || MoveByKey(*event)) {
+    if ((OnKeyDown && AskHook(OnKeyDown, true, *event)) || MoveByKey(*event)) {
         return;
     }
+    const QString typed = event->text();
     if (event->matches(QKeySequence::Copy)) {
         QApplication::clipboard()->setText(SelectedText());
     } else if (event->matches(QKeySequence::SelectAll)) {
         Select(FPage.RowCount() - 1, FPage.ColumnCount() - 1, 0, 0);
     } else if (event->key() == Qt::Key_Delete && OnClearCells) {
-        OnClearCells(Selection());
+        RunHook(OnClearCells, Selection());
     } else if (event->key() == Qt::Key_F2) {
-        BeginEdit(EditText(), true);
-    } else if (const QString typed = event->text();
-               !typed.isEmpty() && typed.front().isPrint() &&
+        BeginEdit();
+    } else if (!typed.isEmpty() && typed.front().isPrint() &&
                !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) {
-        BeginEdit(typed, false);
+        BeginEdit(typed);
     } else {
         QAbstractScrollArea::keyPressEvent(event);
     }
@@ -140,15 +147,24 @@ void TSpreadsheetView::keyPressEvent(QKeyEvent* event) {
 
 QString TSpreadsheetView::SelectedText() const {
     const TSheetSelection selected = Selection();
-    QString text;
-    for (int row = selected.Top; row <= selected.Bottom && !selected.IsEmpty(); ++row) {
-        for (int column = selected.Left; column <= selected.Right; ++column) {
-            text +=
-                (column > selected.Left ? "\t" : "") + QString::fromStdString(FPage.Shown(row, column, FLocale).Text);
+    const auto value = [this](int row, int column) -> TlotValue {
+        const TSpreadsheetCell& cell = FPage.Cell(row, column);
+        if (cell.Kind == TSpreadsheetCell::TKind::Empty) {
+            return {};
         }
-        text += row < selected.Bottom ? "\n" : "";
+        if (cell.Kind == TSpreadsheetCell::TKind::Number && !FPage.StyleOf(cell).Format.ends_with('%')) {
+            return cell.Number;
+        }
+        return FPage.Shown(row, column, FLocale).Text;
+    };
+    std::vector<TClipboardRow> rows;
+    for (int row = selected.Top; row <= selected.Bottom && !selected.IsEmpty(); ++row) {
+        TClipboardRow& cells = rows.emplace_back();
+        for (int column = selected.Left; column <= selected.Right; ++column) {
+            cells.push_back(value(row, column));
+        }
     }
-    return text;
+    return QString::fromStdString(ClipboardText(rows, FLocale));
 }
 
 void TSpreadsheetView::mousePressEvent(QMouseEvent* event) {
@@ -172,7 +188,7 @@ void TSpreadsheetView::mouseMoveEvent(QMouseEvent* event) {
         if (place.Row < 0) {
             return;
         }
-        // Beyond the edge the sheet follows.
+        // Dragging past an edge scrolls: the selection reaches one cell beyond what is in view.
         place.Row += position.y() > inside.bottom() ? 1 : position.y() < inside.top() ? -1 : 0;
         place.Column += position.x() > inside.right() ? 1 : position.x() < inside.left() ? -1 : 0;
         Select(FAnchorRow, FAnchorColumn, place.Row, place.Column);
@@ -181,89 +197,25 @@ void TSpreadsheetView::mouseMoveEvent(QMouseEvent* event) {
 
 void TSpreadsheetView::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && CellAt(event->position().toPoint()).Row >= 0) {
-        BeginEdit(EditText(), true);
+        BeginEdit();
     }
 }
 
 void TSpreadsheetView::contextMenuEvent(QContextMenuEvent* event) {
     if (OnContextMenu) {
         const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-        OnContextMenu(byKey ? viewport()->mapToGlobal(CellRect(FRow, FColumn).bottomLeft()) : event->globalPos());
+        RunHook(OnContextMenu,
+                byKey ? viewport()->mapToGlobal(CellRect(FRow, FColumn).bottomLeft()) : event->globalPos());
     }
 }
 
 void TSpreadsheetView::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
     viewport()->update();
+    TellCurrentPart(*this);
 }
 
 void TSpreadsheetView::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
     viewport()->update();
-}
-
-QString TSpreadsheetView::EditText() const {
-    return QString::fromStdString(FPage.Shown(FRow, FColumn, FLocale).Text);
-}
-
-void TSpreadsheetView::BeginEdit(const QString& text, bool selectAll) {
-    if (FRow < 0 || FEditor != nullptr || !OnEditing || !OnEditing(FRow, FColumn)) {
-        return;
-    }
-    BringIntoView(FRow, FColumn);
-    FEditor = new QLineEdit(text, viewport());
-    FEditor->setObjectName("edtCell");
-    FEditor->setFrame(false);
-    FEditor->setFont(FFonts->Font({}));
-    FEditor->setAlignment(Qt::AlignRight);
-    FEditor->setGeometry(CellRect(FRow, FColumn).adjusted(1, 1, -2, -2));
-    FEditor->installEventFilter(this);
-    FEditor->show();
-    FEditor->setFocus();
-    if (selectAll) {
-        FEditor->selectAll();
-    }
-}
-
-void TSpreadsheetView::EndEdit(bool keep) {
-    if (FEditor == nullptr) {
-        return;
-    }
-    QLineEdit* const editor = std::exchange(FEditor, nullptr);
-    const std::string text = editor->text().toStdString();
-    const bool focused = editor->hasFocus();
-    editor->removeEventFilter(this);
-    editor->hide();
-    editor->deleteLater();
-    if (focused) {
-        setFocus();
-    }
-    if (keep && OnEndEdit) {
-        OnEndEdit(FRow, FColumn, text);
-    }
-}
-
-bool TSpreadsheetView::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != FEditor || FEditor == nullptr) {
-        return QAbstractScrollArea::eventFilter(watched, event);
-    }
-    if (event->type() == QEvent::FocusOut) {
-        EndEdit(true);
-        return false;
-    }
-    if (event->type() != QEvent::KeyPress) {
-        return false;
-    }
-    const int row = FRow;
-    const int column = FColumn;
-    switch (dynamic_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Escape: EndEdit(false); return true;
-    case Qt::Key_Return:
-    case Qt::Key_Enter: EndEdit(true); return true;
-    case Qt::Key_Tab: MoveTo(row, column + 1, false); return true;
-    case Qt::Key_Backtab: MoveTo(row, column - 1, false); return true;
-    case Qt::Key_Up: MoveTo(row - 1, column, false); return true;
-    case Qt::Key_Down: MoveTo(row + 1, column, false); return true;
-    default: return false;
-    }
 }

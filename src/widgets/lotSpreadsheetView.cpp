@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotSpreadsheetView.h"
 
+#include "widgets/lotAccessibleParts.h"
+#include "widgets/lotHook.h"
+#include "widgets/lotSheetAccessible.h"
+
 #include <QHelpEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
@@ -21,6 +24,7 @@ QColor GridColour(const QPalette& palette) {
 
 TSpreadsheetView::TSpreadsheetView(TSpreadsheetPage& page, const TNumberLocale& locale, QWidget* parent)
     : QAbstractScrollArea(parent), FPage(page), FLocale(locale) {
+    InstallSheetAccessible();
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setCursor(Qt::ArrowCursor);
@@ -32,9 +36,13 @@ TSpreadsheetView::TSpreadsheetView(TSpreadsheetPage& page, const TNumberLocale& 
 
 TSpreadsheetView::~TSpreadsheetView() {
     FPage.OnChange = nullptr;
+    DropEdit();
+    DropAccessible(*this);
 }
 
 void TSpreadsheetView::PageChanged() {
+    const TSheetSelection before = Selection();
+    DropEdit(); // First: scrolling would post it, into a cell that may be another one by now.
     Relayout();
     const int lastRow = FPage.RowCount() - 1;
     const int lastColumn = FPage.ColumnCount() - 1;
@@ -43,12 +51,29 @@ void TSpreadsheetView::PageChanged() {
     FAnchorRow = std::clamp(FAnchorRow, std::min(0, lastRow), lastRow);
     FAnchorColumn = std::clamp(FAnchorColumn, std::min(0, lastColumn), lastColumn);
     viewport()->update();
+    TellPartsRebuilt(*this);
+    if (Selection() != before) {
+        RunHook(OnSelectionChange);
+    }
 }
 
 void TSpreadsheetView::Relayout() {
     FFonts = std::make_unique<TSheetFonts>(FPage, viewport());
     FGeometry = std::make_unique<TSheetGeometry>(FPage, *FFonts, logicalDpiX() / 96.0);
     UpdateScrollBars();
+    PlaceEditor();
+}
+
+QString TSpreadsheetView::CellText(int row, int column) const {
+    return QString::fromStdString(FPage.Shown(row, column, FLocale).Text);
+}
+
+QString TSpreadsheetView::ColumnCaption(int column) const {
+    const auto index = static_cast<std::size_t>(column);
+    if (index < FPage.ColumnHeaders.size()) {
+        return QString::fromStdString(FPage.ColumnHeaders[index]);
+    }
+    return FrozenRows() > 0 ? CellText(FrozenRows() - 1, column) : QString();
 }
 
 void TSpreadsheetView::UpdateScrollBars() {
@@ -116,6 +141,13 @@ QRect TSpreadsheetView::CellRect(int row, int column) const {
     }
     const QRectF cell(X(column), Y(row), FGeometry->Width(column), FGeometry->Height(row));
     return cell.toRect() & viewport()->rect();
+}
+
+QRect TSpreadsheetView::HeaderRect(int column) const {
+    if (column < 0 || column >= FGeometry->Columns() || (column >= FrozenColumns() && column < FirstScrolledColumn())) {
+        return {};
+    }
+    return QRectF(X(column), 0, FGeometry->Width(column), HeaderHeight()).toRect() & viewport()->rect();
 }
 
 TSpreadsheetView::TPlace TSpreadsheetView::CellAt(const QPoint& position) const {
@@ -293,9 +325,8 @@ bool TSpreadsheetView::viewportEvent(QEvent* event) {
     const TSheetPainter cells(FPage, *FFonts, FLocale, logicalDpiX() / 96.0);
     if (place.Row >= 0 && cells.IsFilled(place.Row, place.Column) &&
         cells.IsCut(place.Row, place.Column, FGeometry->Width(place.Column))) {
-        QToolTip::showText(help->globalPos(),
-                           QString::fromStdString(FPage.Shown(place.Row, place.Column, FLocale).Text).toHtmlEscaped(),
-                           viewport(), CellRect(place.Row, place.Column));
+        QToolTip::showText(help->globalPos(), CellText(place.Row, place.Column).toHtmlEscaped(), viewport(),
+                           CellRect(place.Row, place.Column));
     } else {
         QToolTip::hideText();
     }

@@ -4,9 +4,13 @@
 // copied and, where the view that owns the sheet allows it, edited. Scrolls by whole rows and columns.
 //
 // Keys: arrows, Home, End, Page Up and Page Down move, with Shift they extend the selection, with Ctrl they jump to the
-// next border between filled and empty cells or to the ends of the sheet. Ctrl+A selects all, Ctrl+C copies. F2, typing
-// or a double click edits; Enter, Tab and the vertical arrows end that, Escape takes it back. Tab outside of an edit
-// leaves the sheet.
+// next border between filled and empty cells or to the ends of the sheet. Enter goes down, with Shift up. Ctrl+A
+// selects all, Ctrl+C copies. F2, typing or a double click edits; Enter, Tab and the vertical arrows end that and go on
+// to the next cell, Escape takes it back. Tab outside of an edit leaves the sheet. No key that the sheet takes reaches
+// the window around it, so that Enter is never its default button.
+//
+// Hooks run guarded: what one throws is told to the user, and the sheet goes on with its editor closed and its
+// selection where it was.
 #pragma once
 
 #include "common/vipNumber.h"
@@ -16,6 +20,7 @@
 #include <QAbstractScrollArea>
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QLineEdit;
 
@@ -43,11 +48,11 @@ public:
 
     /// May that cell be edited? Without it none may.
     std::function<bool(int row, int column)> OnEditing;
-    /// The text that was typed into a cell.
+    /// The text that was typed into a cell. A text that an edit began with and that stands there again is none.
     std::function<void(int row, int column, const std::string& text)> OnEndEdit;
     /// The Delete key.
     std::function<void(const TSheetSelection&)> OnClearCells;
-    /// Sees every key first; true: that was it.
+    /// Sees every key first; true: the sheet does nothing more with it.
     std::function<bool(QKeyEvent&)> OnKeyDown;
     std::function<void(const QPoint& globalPosition)> OnContextMenu;
     std::function<void()> OnSelectionChange;
@@ -59,16 +64,30 @@ public:
     [[nodiscard]] int CurrentRow() const noexcept { return FRow; }
     [[nodiscard]] int CurrentColumn() const noexcept { return FColumn; }
 
+    /// Ends an edit in progress as Enter does, without moving on.
+    void Post() { EndEdit(true); }
+    /// Ends an edit in progress as Escape does. A page that changes drops it too.
+    void DropEdit() { EndEdit(false); }
+
     /// The place of a cell in the viewport; empty while it is out of view.
     [[nodiscard]] QRect CellRect(int row, int column) const;
+    /// The place of a column's header; empty while it is out of view, or the page has no headers.
+    [[nodiscard]] QRect HeaderRect(int column) const;
     /// The cell at a place of the viewport, or (-1, -1).
     struct TPlace {
         int Row = -1;
         int Column = -1;
     };
     [[nodiscard]] TPlace CellAt(const QPoint& position) const;
-    /// The selection as text: a tab between cells, a line for each row.
+    /// The selection as text for a spreadsheet (ClipboardText): figures unrounded, percentages as shown.
     [[nodiscard]] QString SelectedText() const;
+    /// What the cell shows.
+    [[nodiscard]] QString CellText(int row, int column) const;
+    /// What names a row: the text of its first cell.
+    [[nodiscard]] QString RowCaption(int row) const { return CellText(row, 0); }
+    /// What names a column: its header, or the cell of the lowest frozen row.
+    [[nodiscard]] QString ColumnCaption(int column) const;
+    [[nodiscard]] const TSpreadsheetPage& Page() const noexcept { return FPage; }
     /// How many cells the last painting drew: a sheet's size doesn't matter to it.
     [[nodiscard]] int PaintedCells() const noexcept { return FPaintedCells; }
 
@@ -124,9 +143,12 @@ private:
     bool MoveByKey(const QKeyEvent& event);
     [[nodiscard]] TPlace Jump(int rowStep, int columnStep) const;
     void MoveTo(int row, int column, bool extend);
-    void BeginEdit(const QString& text, bool selectAll);
-    void EndEdit(bool keep);
-    [[nodiscard]] QString EditText() const;
+    /// Shows what the cell holds, or begins it afresh with what was typed.
+    void BeginEdit(const std::optional<QString>& typed = {});
+    /// False if what was typed could not be taken over: its hook threw, or this widget is gone.
+    bool EndEdit(bool keep);
+    void PlaceEditor();
+    bool EditorKey(const QKeyEvent& event);
 
     TSpreadsheetPage& FPage;
     TNumberLocale FLocale;
@@ -137,5 +159,6 @@ private:
     int FAnchorRow = -1;
     int FAnchorColumn = -1;
     int FPaintedCells = 0;
-    QLineEdit* FEditor = nullptr; // Owned by the viewport; null outside of an edit.
+    QLineEdit* FEditor = nullptr;      // Owned by the viewport; null outside of an edit.
+    std::optional<QString> FShownText; // That the editor began with; nothing if typing began it.
 };

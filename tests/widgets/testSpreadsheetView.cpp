@@ -2,6 +2,7 @@
 //
 // The sheet on screen: keys and clicks in, selection, edits, clipboard and visible cells out.
 #include "support/lotFiles.h"
+#include "support/lotToldMessages.h"
 #include "widgets/lotSheetPreview.h"
 #include "widgets/lotSheetPrinter.h"
 #include "widgets/lotSpreadsheetView.h"
@@ -10,13 +11,18 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPdfWriter>
+#include <QPointer>
 #include <QPrintPreviewWidget>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
 #include <set>
+#include <stdexcept>
 
 namespace {
 
@@ -46,6 +52,7 @@ protected:
         FView.resize(600, 300);
         FView.show();
         FView.setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&FView));
     }
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&FView, key, modifiers); }
     [[nodiscard]] std::string Place() const {
@@ -57,8 +64,29 @@ protected:
         QTest::mouseClick(FView.viewport(), Qt::LeftButton, modifiers, FView.CellRect(row, column).center());
     }
 
+    /// The editor in the cell; null outside of an edit.
+    [[nodiscard]] QLineEdit* Editor() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return FView.findChild<QLineEdit*>("edtCell");
+    }
+    void AllowEdits() {
+        FView.OnEditing = [](int, int column) { return column > 0; };
+        FView.OnEndEdit = [this](int row, int column, const std::string& text) {
+            FLog += std::to_string(row) + "," + std::to_string(column) + "=" + text + "|";
+        };
+    }
+    void Type(const char* text, Qt::Key end) {
+        QTest::keyClicks(&FView, QString(text).left(1));
+        ASSERT_NE(Editor(), nullptr);
+        QTest::keyClicks(Editor(), QString(text).mid(1));
+        if (end != Qt::Key()) {
+            QTest::keyClick(Editor(), end);
+        }
+    }
+
     TSpreadsheetPage FPage;
     TSpreadsheetView FView;
+    std::string FLog; ///< "row,column=text|" for each edit.
 };
 
 TEST_F(SpreadsheetView, KeysMoveAndExtendTheSelection) {
@@ -119,41 +147,190 @@ TEST_F(SpreadsheetView, MouseSelectsRectanglesAndCopyTakesThem) {
     QTest::mouseRelease(FView.viewport(), Qt::LeftButton, {}, FView.CellRect(2, 1).center());
     EXPECT_EQ(Place(), "1,0:2,1");
     Press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), "Row 1\t1,001\nRow 2\t2,001");
+    EXPECT_EQ(QApplication::clipboard()->text(), "Row 1\t1001\nRow 2\t2001");
+    // For a spreadsheet: what is shown rounded is copied whole, percentages as they are written in csv.
+    FPage.SetNumber(1, 1, -1234.5678, FPage.Style({.Format = std::string(AccountingFormat)}));
+    FPage.SetNumber(2, 1, 17.51234, FPage.Style({.Format = "0.000%"}));
+    FPage.SetText(1, 0, "5\" pipe", 0);
+    FPage.SetEmpty(2, 0, 0);
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "\"5\"\" pipe\"\t-1234.5678\n\t17.512%");
 }
 
 TEST_F(SpreadsheetView, EditsOnlyWhereTheOwnerAllowsIt) {
     Click(2, 2);
     QTest::keyClicks(&FView, "5");
-    EXPECT_EQ(FView.findChild<QLineEdit*>("edtCell"), nullptr);
+    EXPECT_EQ(Editor(), nullptr);
 
-    std::string log;
-    FView.OnEditing = [](int, int column) { return column > 0; };
-    FView.OnEndEdit = [&](int row, int column, const std::string& text) {
-        log += std::to_string(row) + "," + std::to_string(column) + "=" + text + "|";
-    };
-    const auto type = [&](const char* text, Qt::Key end) {
-        QTest::keyClicks(&FView, QString(text).left(1));
-        auto* const editor = FView.findChild<QLineEdit*>("edtCell");
-        ASSERT_NE(editor, nullptr);
-        QTest::keyClicks(editor, QString(text).mid(1));
-        QTest::keyClick(editor, end);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    };
-    type("12", Qt::Key_Return);
-    type("34", Qt::Key_Tab);
-    type("56", Qt::Key_Escape);
-    type("78", Qt::Key_Down);
-    EXPECT_EQ(log, "2,2=12|2,2=34|2,3=78|");
-    EXPECT_EQ(Place(), "3,3:3,3");
-    Press(Qt::Key_F2);
-    EXPECT_EQ(FView.findChild<QLineEdit*>("edtCell")->text(), "3,003");
+    AllowEdits();
+    Type("12", Qt::Key_Return);
+    Type("34", Qt::Key_Tab);
+    Type("56", Qt::Key_Escape);
+    Type("78", Qt::Key_Down);
+    Type("9", Qt::Key_Enter);
+    EXPECT_EQ(FLog, "2,2=12|3,2=34|3,3=78|4,3=9|");
+    EXPECT_EQ(Place(), "5,3:5,3");
     FView.Select(2, 0);
-    QTest::keyClick(&FView, Qt::Key_F2);
+    Press(Qt::Key_F2);
+    EXPECT_EQ(Editor(), nullptr) << "a label";
     TSheetSelection cleared;
     FView.OnClearCells = [&](const TSheetSelection& selection) { cleared = selection; };
     Press(Qt::Key_Delete);
     EXPECT_EQ(cleared, FView.Selection());
+}
+
+TEST_F(SpreadsheetView, AnEditIsATextThatWasTouched) {
+    AllowEdits();
+    struct TCase {
+        const char* Typed; // After F2; nullptr: nothing.
+        Qt::Key End;
+        const char* Log;
+    };
+    for (const TCase& row : {TCase{nullptr, Qt::Key_Return, ""},
+                             {nullptr, Qt::Key_Tab, ""},
+                             {"3,003", Qt::Key_Return, ""},
+                             {"3,004", Qt::Key_Return, "3,3=3,004|"},
+                             {"", Qt::Key_Return, "3,3=|"},
+                             {"3,004", Qt::Key_Escape, ""}}) {
+        FLog.clear();
+        FView.Select(3, 3);
+        Press(Qt::Key_F2);
+        ASSERT_NE(Editor(), nullptr);
+        EXPECT_EQ(Editor()->text(), "3,003");
+        if (row.Typed != nullptr) {
+            QTest::keyClick(Editor(), Qt::Key_Delete);
+            QTest::keyClicks(Editor(), row.Typed);
+        }
+        QTest::keyClick(Editor(), row.End);
+        EXPECT_EQ(FLog, row.Log) << (row.Typed != nullptr ? row.Typed : "untouched");
+        EXPECT_EQ(Editor(), nullptr);
+    }
+    // A text begun afresh is one, whatever stood there before.
+    FView.Select(0, 7);
+    Type("7", Qt::Key_Return);
+    EXPECT_EQ(FLog, "0,7=7|");
+}
+
+TEST_F(SpreadsheetView, AnEditEndsBeforeAnythingElseHappens) {
+    AllowEdits();
+    FView.Select(2, 2);
+    Type("1", {});
+    FView.Post();
+    FView.Post();
+    EXPECT_EQ(FLog, "2,2=1|");
+    EXPECT_EQ(Place(), "2,2:2,2");
+    Type("2", {});
+    FView.DropEdit();
+    Type("3", {});
+    FView.Select(4, 4); // By its owner.
+    Type("4", {});
+    FView.verticalScrollBar()->setValue(1);
+    Type("5", {});
+    QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+    QApplication::sendEvent(Editor(), &menu);
+    EXPECT_NE(Editor(), nullptr) << "The editor's own menu ends no edit.";
+    Click(5, 5);
+    EXPECT_EQ(FLog, "2,2=1|2,2=3|4,4=4|4,4=5|");
+    EXPECT_EQ(Place(), "5,5:5,5");
+}
+
+TEST_F(SpreadsheetView, ANewPageDropsTheEditAndKeepsThePlace) {
+    AllowEdits();
+    FView.Select(39, 69, 40, 70);
+    const int down = FView.verticalScrollBar()->value();
+    const int across = FView.horizontalScrollBar()->value();
+    Type("12", {});
+    Fill(FPage);
+    EXPECT_EQ(Editor(), nullptr);
+    EXPECT_EQ(FLog, "") << "nothing posted into a cell that may be another one";
+    EXPECT_TRUE(FView.hasFocus());
+    EXPECT_EQ(Place(), "39,69:40,70");
+    EXPECT_EQ(FView.verticalScrollBar()->value(), down);
+    EXPECT_EQ(FView.horizontalScrollBar()->value(), across);
+    int selections = 0;
+    FView.OnSelectionChange = [&] { ++selections; };
+    Fill(FPage);
+    EXPECT_EQ(selections, 0);
+    Fill(FPage, 40, 70);
+    EXPECT_EQ(Place(), "39,69:39,69");
+    EXPECT_EQ(selections, 1);
+    // Its owner rebuilds the page after each edit.
+    FView.OnEndEdit = [&](int, int, const std::string&) { Fill(FPage, 40, 70); };
+    FView.Select(3, 3);
+    Type("12", Qt::Key_Return);
+    EXPECT_EQ(Place(), "4,3:4,3");
+}
+
+TEST_F(SpreadsheetView, AHookThatThrowsIsToldOnceAndLeavesTheSheetAsItWas) {
+    TToldMessages told;
+    const auto fail = [] { throw std::runtime_error("no"); };
+    FView.OnEditing = [&](int, int) -> bool {
+        fail();
+        return true;
+    };
+    FView.Select(3, 3);
+    Press(Qt::Key_F2);
+    EXPECT_EQ(told.Take(), "no|");
+    EXPECT_EQ(Editor(), nullptr);
+
+    AllowEdits();
+    FView.OnEndEdit = [&](int, int, const std::string&) { fail(); };
+    for (const Qt::Key end : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Down}) {
+        Type("5", end);
+        EXPECT_EQ(told.Take(), "no|");
+        EXPECT_EQ(Editor(), nullptr);
+        EXPECT_EQ(Place(), "3,3:3,3");
+        EXPECT_TRUE(FView.hasFocus());
+    }
+    FView.OnClearCells = [&](const TSheetSelection&) { fail(); };
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(told.Take(), "no|");
+    FView.OnSelectionChange = fail;
+    Press(Qt::Key_Down);
+    EXPECT_EQ(told.Take(), "no|");
+    FView.OnSelectionChange = nullptr;
+    EXPECT_EQ(Place(), "4,3:4,3");
+    FView.OnContextMenu = [&](const QPoint&) { fail(); };
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(FView.viewport(), &menu);
+    EXPECT_EQ(told.Take(), "no|");
+    FView.OnKeyDown = [&](QKeyEvent&) -> bool {
+        fail();
+        return false;
+    };
+    Press(Qt::Key_Down);
+    EXPECT_EQ(told.Take(), "no|");
+    EXPECT_EQ(Place(), "4,3:4,3") << "A key whose hook failed does nothing.";
+}
+
+TEST(SpreadsheetViewInDialog, EnterIsTheSheetsOwn) {
+    TSpreadsheetPage page;
+    Fill(page, 3, 3);
+    QDialog dialog;
+    auto* const view = new TSpreadsheetView(page, PointLocale, &dialog);
+    QPushButton ok("OK", &dialog);
+    ok.setDefault(true);
+    int pressed = 0;
+    QObject::connect(&ok, &QPushButton::clicked, [&] { ++pressed; });
+    dialog.show();
+    view->setFocus();
+    view->OnEditing = [](int, int) { return true; };
+    view->Select(0, 1);
+    QTest::keyClick(view, Qt::Key_Return);
+    QTest::keyClicks(view, "5");
+    QTest::keyClick(view->findChild<QLineEdit*>("edtCell"), Qt::Key_Enter);
+    QTest::keyClick(view, Qt::Key_Enter); // The last row.
+    EXPECT_EQ(view->CurrentRow(), 2);
+    QTest::keyClick(view, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(view->CurrentRow(), 1);
+    // One that vanishes in its own hook, with its dialog's contents.
+    view->OnEndEdit = [view](int, int, const std::string&) { delete view; };
+    QTest::keyClicks(view, "5");
+    QPointer<TSpreadsheetView> alive(view);
+    QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
+    QApplication::sendEvent(view->findChild<QLineEdit*>("edtCell"), &enter);
+    EXPECT_EQ(alive, nullptr);
+    EXPECT_EQ(pressed, 0);
 }
 
 TEST_F(SpreadsheetView, ASmallerSheetKeepsSelectionAndScrollWithinIt) {
