@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotClickLabel.h"
 
+#include "widgets/lotFieldAccessible.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 TClickLabel::TClickLabel(QWidget* parent) : QLabel(parent) {
+    InstallFieldAccessible();
     setCursor(Qt::PointingHandCursor);
     setFocusPolicy(Qt::TabFocus);
     setTextFormat(Qt::PlainText);

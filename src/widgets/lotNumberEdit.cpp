@@ -1,9 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotNumberEdit.h"
 
+#include "widgets/lotHook.h"
+
 #include <QKeyEvent>
 #include <algorithm>
+#include <string_view>
 #include <utility>
+
+namespace {
+
+/// True if the mask's third section, the one for zero, writes nothing: "#" is a digit that zero doesn't have.
+bool HidesZero(std::string_view mask) {
+    const std::size_t second = mask.find(';');
+    const std::size_t third = second == std::string_view::npos ? second : mask.find(';', second + 1);
+    return third != std::string_view::npos && third + 1 < mask.size() &&
+           mask.find_first_not_of("#,", third + 1) == std::string_view::npos;
+}
+
+} // namespace
 
 TNumberEdit::TNumberEdit(std::string mask, const TNumberLocale& locale, QWidget* parent)
     : QLineEdit(parent), FMask(std::move(mask)), FLocale(locale) {
@@ -21,11 +36,26 @@ void TNumberEdit::SetMask(std::string mask) {
     ShowText();
 }
 
-/// By the mask without thousands and without its tail.
+void TNumberEdit::SetReadOnly(bool readOnly) {
+    setReadOnly(readOnly);
+    QPalette look;
+    if (readOnly) {
+        look.setColor(QPalette::Base, palette().color(QPalette::Disabled, QPalette::Base));
+    }
+    setPalette(look);
+    FEditing = FEditing && !readOnly;
+    ShowText();
+}
+
+/// By the first section of the mask, without thousands and whatever else it writes around the digits.
 QString TNumberEdit::EditText() const {
-    const std::size_t first = FMask.find('0');
-    const std::size_t last = FMask.find_last_of('0');
-    return QString::fromStdString(vip::FormatMask(FMask.substr(first, last - first + 1), FValue, FLocale));
+    if (FValue == 0 && HidesZero(FMask)) {
+        return {};
+    }
+    const std::string_view section = std::string_view(FMask).substr(0, FMask.find(';'));
+    const std::size_t first = std::min(section.find_first_of("0."), section.size());
+    const std::size_t last = section.find_first_not_of("0.", first);
+    return QString::fromStdString(vip::FormatMask(section.substr(first, last - first), FValue, FLocale));
 }
 
 void TNumberEdit::ShowText() {
@@ -54,7 +84,7 @@ bool TNumberEdit::Post() {
 
 void TNumberEdit::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (!FEditing) {
+    if (!FEditing && !isReadOnly()) {
         FEditing = true;
         ShowText();
     }
@@ -70,6 +100,7 @@ void TNumberEdit::focusOutEvent(QFocusEvent* event) {
     const bool changed = Post();
     ShowText();
     emit Left(changed);
+    RunHook(OnLeft, changed);
 }
 
 void TNumberEdit::keyPressEvent(QKeyEvent* event) {
