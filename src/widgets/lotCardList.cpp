@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotCardList.h"
 
+#include "widgets/lotAccessibleParts.h"
+#include "widgets/lotHook.h"
+#include "widgets/lotListAccessible.h"
+
+#include <QApplication>
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -18,16 +24,33 @@ constexpr int Radius = 6;
 } // namespace
 
 TCardList::TCardList(QWidget* parent) : QAbstractScrollArea(parent) {
+    InstallListAccessible();
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Base);
 }
 
+TCardList::~TCardList() {
+    DropAccessible(*this);
+}
+
 void TCardList::SetCards(std::vector<TCard> cards) {
+    const std::uintptr_t key = FCurrent >= 0 ? Card(FCurrent).Key : 0;
+    const bool inView = FCurrent >= 0 && IsInView(FCurrent);
     FCards = std::move(cards);
+    const auto same = key == 0 ? FCards.end() : std::ranges::find(FCards, key, &TCard::Key);
+    if (same != FCards.end()) {
+        FCurrent = static_cast<int>(same - FCards.begin());
+    }
     FCurrent = std::clamp(FCurrent, std::min(0, Count() - 1), Count() - 1);
+    FSearched.clear();
     UpdateScrollBar();
+    if (inView && FCurrent >= 0) {
+        BringIntoView(FCurrent);
+    }
     viewport()->update();
+    TellPartsRebuilt(*this);
+    TellCurrentPart(*this);
 }
 
 void TCardList::SetCollapsed(bool collapsed) {
@@ -81,14 +104,24 @@ void TCardList::UpdateScrollBar() {
 void TCardList::SetCurrent(int card) {
     FCurrent = std::clamp(card, std::min(0, Count() - 1), Count() - 1);
     if (FCurrent >= 0) {
-        const QRect place = CardRect(FCurrent);
-        if (place.top() < Gap) {
-            verticalScrollBar()->setValue(verticalScrollBar()->value() + place.top() - Gap);
-        } else if (place.bottom() > viewport()->height() - Gap) {
-            verticalScrollBar()->setValue(verticalScrollBar()->value() + place.bottom() - viewport()->height() + Gap);
-        }
+        BringIntoView(FCurrent);
     }
     viewport()->update();
+    TellCurrentPart(*this);
+}
+
+bool TCardList::IsInView(int card) const {
+    return viewport()->rect().intersects(CardRect(card));
+}
+
+void TCardList::BringIntoView(int card) {
+    const QRect place = CardRect(card);
+    const int lowest = viewport()->height() - Gap;
+    if (place.top() < Gap) {
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + place.top() - Gap);
+    } else if (place.bottom() > lowest) {
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + place.bottom() - lowest);
+    }
 }
 
 void TCardList::paintEvent(QPaintEvent* event) {
@@ -161,17 +194,47 @@ void TCardList::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End: SetCurrent(Count() - 1); break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (FCurrent >= 0 && OnActivate) {
-            OnActivate(FCurrent);
+        if (FCurrent >= 0) {
+            RunHook(OnActivate, FCurrent);
         }
         break;
     case Qt::Key_Delete:
-        if (FCurrent >= 0 && OnDelete) {
-            OnDelete(FCurrent);
+        if (FCurrent >= 0) {
+            RunHook(OnDelete, FCurrent);
         }
         break;
-    default: QAbstractScrollArea::keyPressEvent(event);
+    default:
+        if (!SearchByKey(*event)) {
+            QAbstractScrollArea::keyPressEvent(event);
+        }
     }
+}
+
+bool TCardList::SearchByKey(const QKeyEvent& event) {
+    const bool pause = !FSearching.isValid() || FSearching.elapsed() > QApplication::keyboardInputInterval();
+    const QString before = pause ? QString() : FSearched;
+    const QString typed = event.text();
+    const bool letter = !typed.isEmpty() && typed.front().isPrint() && !(typed == " " && before.isEmpty());
+    if (!letter || FCards.empty() || event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) {
+        return false;
+    }
+    FSearched = before + typed;
+    FSearching.start();
+    // A first letter goes on to the next card; those behind it may find the card that they stand on.
+    const int first = before.isEmpty() ? FCurrent + 1 : FCurrent;
+    for (int step = 0; step < Count(); ++step) {
+        const int card = (first + step) % Count();
+        if (Card(card).Caption.startsWith(FSearched, Qt::CaseInsensitive)) {
+            SetCurrent(card);
+            break;
+        }
+    }
+    return true;
+}
+
+void TCardList::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    TellCurrentPart(*this);
 }
 
 void TCardList::mousePressEvent(QMouseEvent* event) {
@@ -182,14 +245,12 @@ void TCardList::mousePressEvent(QMouseEvent* event) {
 
 void TCardList::mouseDoubleClickEvent(QMouseEvent* event) {
     const int card = CardAt(event->position().toPoint());
-    if (card >= 0 && event->button() == Qt::LeftButton && OnActivate) {
-        OnActivate(card);
+    if (card >= 0 && event->button() == Qt::LeftButton) {
+        RunHook(OnActivate, card);
     }
 }
 
 void TCardList::contextMenuEvent(QContextMenuEvent* event) {
-    if (OnContextMenu) {
-        const bool byKey = event->reason() == QContextMenuEvent::Keyboard && FCurrent >= 0;
-        OnContextMenu(byKey ? viewport()->mapToGlobal(CardRect(FCurrent).center()) : event->globalPos());
-    }
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard && FCurrent >= 0;
+    RunHook(OnContextMenu, byKey ? viewport()->mapToGlobal(CardRect(FCurrent).center()) : event->globalPos());
 }

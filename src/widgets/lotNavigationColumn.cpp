@@ -16,6 +16,8 @@ constexpr int EntryHeight = 32;
 constexpr int IconSize = 20;
 constexpr int Indent = 14;
 constexpr int MarkWidth = 3;
+constexpr auto Unfolded = "Expanded"; // A group's header as assistive programs read it.
+constexpr auto Folded = "Collapsed";
 
 /// An action as a row of the column.
 class TEntry final : public QAbstractButton {
@@ -59,6 +61,7 @@ protected:
             painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -1.5, -1.5));
         }
     }
+    void nextCheckState() override {} // The action says what is checked.
     void keyPressEvent(QKeyEvent* event) override {
         if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
             click();
@@ -71,6 +74,8 @@ private:
     void Follow() {
         setText(QString(FAction.text()).remove('&').remove("..."));
         setToolTip(FAction.toolTip());
+        setCheckable(FAction.isCheckable());
+        setChecked(FAction.isChecked());
         setEnabled(FAction.isEnabled());
         setVisible(FAction.isVisible());
         update();
@@ -103,6 +108,7 @@ void TNavigationColumn::AddGroup(const QString& caption) {
     auto* const header = new QToolButton(widget());
     header->setText(caption.toUpper());
     header->setAccessibleName(caption);
+    header->setAccessibleDescription(Unfolded);
     header->setArrowType(Qt::DownArrow);
     header->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     header->setAutoRaise(true);
@@ -130,6 +136,7 @@ void TNavigationColumn::Fold(QToolButton* header, QWidget* entries) {
     const bool open = entries->isHidden();
     entries->setVisible(open);
     header->setArrowType(open ? Qt::DownArrow : Qt::RightArrow);
+    header->setAccessibleDescription(open ? Unfolded : Folded);
 }
 
 void TNavigationColumn::AddEntry(QAction& action) {

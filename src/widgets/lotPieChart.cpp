@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotPieChart.h"
 
+#include "widgets/lotChartAccessible.h"
+
 #include <QChart>
 #include <QChartView>
 #include <QGraphicsLayout>
@@ -21,6 +23,10 @@ double Sum(std::span<const TChartValue> values) {
                            [](double sum, const TChartValue& value) { return sum + value.Value; });
 }
 
+QString Share(double value, double total) {
+    return QString("%1%").arg(100 * value / total, 0, 'f', 1);
+}
+
 } // namespace
 
 QColor ChartColour(std::size_t index) {
@@ -34,6 +40,7 @@ TPieChart::TPieChart(QWidget* parent)
       FKey(new QWidget(this)),
       FKeyLayout(new QGridLayout(FKey)),
       FNothing(new QLabel("There are no figures to show yet.", this)) {
+    InstallChartAccessible();
     FChart->addSeries(FSeries);
     FChart->legend()->hide();
     FChart->setBackgroundVisible(false);
@@ -72,18 +79,21 @@ void TPieChart::SetSlices(std::span<const TChartValue> values) {
     const std::vector<TChartValue> slices = PieSlices(values, OtherName);
     const double total = Sum(slices);
     FSeries->clear();
+    QStringList figures;
     for (std::size_t i = 0; i < slices.size(); ++i) {
         QPieSlice* const slice = FSeries->append(slices[i].Name, slices[i].Value);
         slice->setColor(ChartColour(i));
         slice->setBorderColor(palette().color(QPalette::Base));
         slice->setBorderWidth(2);
         const QString tip = QString("%1: %2").arg(slices[i].Name, Format(slices[i].Value));
+        figures << QString("%1 (%2)").arg(tip, Share(slices[i].Value, total));
         connect(slice, &QPieSlice::hovered, this, [this, slice, tip](bool over) {
             slice->setExploded(over);
             slice->setExplodeDistanceFactor(0.04);
             over ? QToolTip::showText(QCursor::pos(), tip, this) : QToolTip::hideText();
         });
     }
+    DescribeChart(*this, figures);
     ShowKey(slices, total);
     FNothing->setVisible(slices.empty());
     FKey->setVisible(!slices.empty());
@@ -105,7 +115,7 @@ void TPieChart::ShowKey(std::span<const TChartValue> slices, double total) {
         auto* const name = new QLabel(slices[i].Name, FKey);
         name->setTextFormat(Qt::PlainText);
         auto* const value = new QLabel(Format(slices[i].Value), FKey);
-        auto* const share = new QLabel(QString("%1%").arg(100 * slices[i].Value / total, 0, 'f', 1), FKey);
+        auto* const share = new QLabel(Share(slices[i].Value, total), FKey);
         share->setEnabled(false);
         FKeyLayout->addWidget(swatch, row, 0);
         FKeyLayout->addWidget(name, row, 1);

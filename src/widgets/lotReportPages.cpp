@@ -2,6 +2,8 @@
 #include "widgets/lotReportPages.h"
 
 #include "reportengine/pages/lotReportPainter.h"
+#include "widgets/lotAccessibleParts.h"
+#include "widgets/lotListAccessible.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -13,14 +15,15 @@
 namespace {
 
 constexpr double Gap = 16;         // Pixels between pages and around them.
-constexpr double MostSteps = 1e9;  // Of a scroll bar.
-constexpr double WheelZoom = 0.25; // A notch.
+constexpr double MostSteps = 1e9;  // That a scroll bar is given; it counts in int.
+constexpr double WheelZoom = 0.25; // By which a notch of the wheel changes the zoom.
 constexpr double SmallestZoom = 0.01;
 constexpr double ShadowOffset = 2;
 
 } // namespace
 
 TReportPages::TReportPages(QWidget* parent) : QAbstractScrollArea(parent) {
+    InstallListAccessible();
     setObjectName("ReportPages");
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -29,13 +32,28 @@ TReportPages::TReportPages(QWidget* parent) : QAbstractScrollArea(parent) {
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+TReportPages::~TReportPages() {
+    DropAccessible(*this);
+}
+
+/// To whoever listens, and to assistive programs where the page is another one.
+void TReportPages::TellPlace() {
+    if (const int page = CurrentPage(); page != FToldPage) {
+        FToldPage = page;
+        TellCurrentPart(*this);
+    }
+    emit PlaceChanged();
+}
+
 void TReportPages::SetReport(const report::TPreparedReport* report) {
     FReport = report;
     FFound.reset();
     ApplyFit();
     UpdateScrollBars();
     viewport()->update();
-    emit PlaceChanged();
+    FToldPage = -1;
+    TellPartsRebuilt(*this);
+    TellPlace();
 }
 
 int TReportPages::PageCount() const {
@@ -86,7 +104,7 @@ int TReportPages::PageAt(double y) const {
 }
 
 int TReportPages::CurrentPage() const {
-    // At the ends the pages there count, however little of them is in the middle.
+    // Scrolled to the top, the first page is current, and at the bottom the last, even if another one fills the middle.
     if (verticalScrollBar()->value() == 0) {
         return std::min(0, PageCount() - 1);
     }
@@ -146,7 +164,7 @@ void TReportPages::ChangeZoom(double zoom) {
     }
     viewport()->update();
     emit ZoomChanged();
-    emit PlaceChanged();
+    TellPlace();
 }
 
 void TReportPages::SetZoom(double zoom) {
@@ -218,12 +236,12 @@ void TReportPages::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
     ApplyFit();
     UpdateScrollBars();
-    emit PlaceChanged();
+    TellPlace();
 }
 
 void TReportPages::scrollContentsBy(int /*dx*/, int /*dy*/) {
     viewport()->update();
-    emit PlaceChanged();
+    TellPlace();
 }
 
 void TReportPages::wheelEvent(QWheelEvent* event) {

@@ -21,6 +21,7 @@ class TReportPages : public QAbstractScrollArea, public TPreviewPages {
 
 public:
     explicit TReportPages(QWidget* parent = nullptr);
+    ~TReportPages() override;
 
     /// The report must outlive the widget, or another must be set before it goes; null shows none.
     void SetReport(const report::TPreparedReport* report);
@@ -31,6 +32,9 @@ public:
     [[nodiscard]] TPageFit Fit() const noexcept override { return FFit; }
 
     [[nodiscard]] int PageCount() const override;
+    [[nodiscard]] const report::TPreparedPage& Page(int page) const;
+    /// The place of a page in the viewport, out of view maybe.
+    [[nodiscard]] QRectF ViewRect(int page) const;
     [[nodiscard]] int CurrentPage() const override;
     void GoToPage(int page) override;
     /// Brings a place of a page to the upper edge of the view.
@@ -51,11 +55,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void TellPlace();
     [[nodiscard]] double PixelsPerTwip() const;
-    [[nodiscard]] const report::TPreparedPage& Page(int page) const;
     /// Of a page in the whole of pages, in pixels at the present zoom.
     [[nodiscard]] double TopOf(int page) const;
-    [[nodiscard]] QRectF ViewRect(int page) const;
     [[nodiscard]] double WholeHeight() const { return TopOf(PageCount()); }
     [[nodiscard]] double WidestPage() const;
     [[nodiscard]] int PageAt(double y) const;
@@ -70,4 +73,5 @@ private:
     TPageFit FFit = TPageFit::None;
     double FScrollUnit = 1; // Pixels to a step of the vertical bar: more than one where a bar could not count them.
     std::optional<TFoundText> FFound;
+    int FToldPage = -1; // The last page that was told to be current.
 };

@@ -2,6 +2,7 @@
 #include "widgets/lotReportThumbnails.h"
 
 #include "reportengine/pages/lotReportPainter.h"
+#include "widgets/lotHook.h"
 
 #include <QPainter>
 #include <QStyledItemDelegate>
@@ -49,8 +50,8 @@ TReportThumbnails::TReportThumbnails(QWidget* parent) : QListWidget(parent) {
     setUniformItemSizes(true);
     setItemDelegate(new TThumbnailDelegate(*this));
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (row >= 0 && OnChoose) {
-            OnChoose(row);
+        if (row >= 0) {
+            RunHook(OnChoose, row);
         }
     });
 }

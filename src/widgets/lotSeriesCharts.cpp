@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotSeriesCharts.h"
 
+#include "widgets/lotChartAccessible.h"
+#include "widgets/lotHook.h"
+
 #include <QBarCategoryAxis>
 #include <QBarSeries>
 #include <QBarSet>
@@ -34,6 +37,8 @@ QStringList Names(std::span<const QString> categories) {
 } // namespace
 
 TSeriesChart::TSeriesChart(QWidget* parent) : QWidget(parent), FChart(new QChart), FView(new QChartView(FChart, this)) {
+    InstallChartAccessible();
+    DescribeChart(*this, {});
     Format = [](double value) { return QString::number(value); };
     FChart->setBackgroundVisible(false);
     FChart->setMargins(QMargins(0, 0, 0, 0));
@@ -51,6 +56,7 @@ TSeriesChart::TSeriesChart(QWidget* parent) : QWidget(parent), FChart(new QChart
 }
 
 void TSeriesChart::Clear() {
+    DescribeChart(*this, {});
     FChart->removeAllSeries();
     for (QAbstractAxis* const axis : FChart->axes()) {
         FChart->removeAxis(axis);
@@ -86,9 +92,9 @@ void TSeriesChart::Show(const std::vector<QAbstractSeries*>& series, std::span<c
     FChart->legend()->setLabelColor(text);
 }
 
-void TSeriesChart::ShowTip(bool over, const QString& text) {
+void TSeriesChart::ShowTip(bool over, const QString& name, double value) {
     if (over) {
-        QToolTip::showText(QCursor::pos(), text, this);
+        QToolTip::showText(QCursor::pos(), QString("%1: %2").arg(name, AskHook(Format, QString(), value)), this);
     } else {
         QToolTip::hideText();
     }
@@ -101,11 +107,13 @@ void TBarChart::SetBars(std::span<const TChartValue> bars) {
     }
     auto* const set = new QBarSet({});
     std::vector<QString> names;
+    QStringList figures;
     double lowest = 0;
     double highest = 0;
     for (const TChartValue& bar : bars) {
         set->append(bar.Value);
         names.push_back(bar.Name);
+        figures << QString("%1: %2").arg(bar.Name, Format(bar.Value));
         lowest = std::min(lowest, bar.Value);
         highest = std::max(highest, bar.Value);
     }
@@ -115,8 +123,9 @@ void TBarChart::SetBars(std::span<const TChartValue> bars) {
     series->setBarWidth(BarWidth);
     series->append(set);
     connect(set, &QBarSet::hovered, this, [this, names, set](bool over, int index) {
-        ShowTip(over, QString("%1: %2").arg(names.at(static_cast<std::size_t>(index)), Format(set->at(index))));
+        ShowTip(over, names.at(static_cast<std::size_t>(index)), set->at(index));
     });
+    DescribeChart(*this, figures);
     Show({series}, names, lowest, highest);
 }
 
@@ -126,6 +135,7 @@ void TLineChart::SetLines(std::span<const QString> categories, std::span<const T
         return;
     }
     std::vector<QAbstractSeries*> series;
+    QStringList figures;
     double lowest = 0;
     double highest = 0;
     for (const TChartLine& line : lines) {
@@ -134,13 +144,15 @@ void TLineChart::SetLines(std::span<const QString> categories, std::span<const T
         drawn->setPen(QPen(ChartColour(series.size()), 2));
         for (std::size_t i = 0; i < line.Values.size(); ++i) {
             drawn->append(static_cast<qreal>(i), line.Values[i]);
+            figures << QString("%1, %2: %3")
+                           .arg(line.Name, i < categories.size() ? categories[i] : QString(), Format(line.Values[i]));
             lowest = std::min(lowest, line.Values[i]);
             highest = std::max(highest, line.Values[i]);
         }
-        connect(drawn, &QLineSeries::hovered, this, [this, name = line.Name](const QPointF& point, bool over) {
-            ShowTip(over, QString("%1: %2").arg(name, Format(point.y())));
-        });
+        connect(drawn, &QLineSeries::hovered, this,
+                [this, name = line.Name](const QPointF& point, bool over) { ShowTip(over, name, point.y()); });
         series.push_back(drawn);
     }
+    DescribeChart(*this, figures);
     Show(series, categories, lowest, highest);
 }

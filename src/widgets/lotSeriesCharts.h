@@ -19,7 +19,7 @@ struct TChartLine {
     std::vector<double> Values; ///< One for each category.
 };
 
-/// What bars and lines share: the chart, its axes, a text while there is nothing to show.
+/// What bars and lines share: the chart, its axes, and how a figure is told.
 class TSeriesChart : public QWidget {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ protected:
     /// Draws these series over the categories; figures reach from `lowest` to `highest`.
     void Show(const std::vector<QAbstractSeries*>& series, std::span<const QString> categories, double lowest,
               double highest);
-    void ShowTip(bool over, const QString& text);
+    void ShowTip(bool over, const QString& name, double value);
 
 private:
     QChart* FChart; // Owned by the view, which the widget owns.
