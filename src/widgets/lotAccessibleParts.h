@@ -15,6 +15,8 @@ class QAbstractScrollArea;
 /// The interface of such a widget.
 class TAccessibleParts : public QAccessibleWidget {
 public:
+    ~TAccessibleParts() override;
+
     /// Their numbers run from 0.
     [[nodiscard]] virtual int PartCount() const = 0;
     [[nodiscard]] virtual QAccessible::Role PartRole(int part) const = 0;
@@ -41,7 +43,6 @@ public:
 
 protected:
     TAccessibleParts(QAbstractScrollArea& widget, QAccessible::Role role);
-    ~TAccessibleParts() override;
 
     /// A new part, which the register takes over.
     [[nodiscard]] virtual QAccessibleInterface* MakePart(int part) const;

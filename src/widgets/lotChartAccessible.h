@@ -3,7 +3,7 @@
 // Charts for assistive programs: each is a chart whose description tells its figures.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 class QWidget;
 

@@ -13,19 +13,14 @@
 /// Calls the hook, if one is set. False if it threw.
 template <typename... TParameters, typename... TArguments>
 bool RunHook(const std::function<void(TParameters...)>& hook, TArguments&&... arguments) {
-    if (!hook) {
-        return true;
-    }
-    const auto held = hook;
-    return Guarded([&] { held(std::forward<TArguments>(arguments)...); });
+    return !hook || Guarded([held = hook, &arguments...] { held(std::forward<TArguments>(arguments)...); });
 }
 
 /// What the hook answers; `otherwise` if none is set or it threw.
 template <typename TResult, typename... TParameters, typename... TArguments>
 TResult AskHook(const std::function<TResult(TParameters...)>& hook, TResult otherwise, TArguments&&... arguments) {
     if (hook) {
-        const auto held = hook;
-        Guarded([&] { otherwise = held(std::forward<TArguments>(arguments)...); });
+        Guarded([held = hook, &otherwise, &arguments...] { otherwise = held(std::forward<TArguments>(arguments)...); });
     }
     return otherwise;
 }

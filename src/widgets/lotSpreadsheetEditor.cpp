@@ -62,7 +62,24 @@ bool TSpreadsheetView::EndEdit(bool keep) {
     return taken && self != nullptr;
 }
 
-bool TSpreadsheetView::EditorKey(const QKeyEvent& event) {
+bool TSpreadsheetView::IsCommandKey(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: return true;
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Meta:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr: return false;
+    default: return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    }
+}
+
+bool TSpreadsheetView::EditorKey(QKeyEvent& event) {
+    if (OnKeyDown && IsCommandKey(event) && !event.modifiers().testFlag(Qt::ControlModifier)) {
+        keyPressEvent(&event); // Left to the editor, Alt with a letter would type the letter.
+        return true;
+    }
     const bool back = event.modifiers().testFlag(Qt::ShiftModifier);
     switch (event.key()) {
     case Qt::Key_Escape: DropEdit(); return true;

@@ -125,6 +125,16 @@ bool TSpreadsheetView::MoveByKey(const QKeyEvent& event) {
 }
 
 void TSpreadsheetView::keyPressEvent(QKeyEvent* event) {
+    if (FEditor != nullptr) {
+        // The editor has no use for it. A command's key ends the edit first, any other one belongs to the window.
+        if (!IsCommandKey(*event)) {
+            QAbstractScrollArea::keyPressEvent(event);
+            return;
+        }
+        if (!EndEdit(true)) {
+            return;
+        }
+    }
     if ((OnKeyDown && AskHook(OnKeyDown, true, *event)) || MoveByKey(*event)) {
         return;
     }

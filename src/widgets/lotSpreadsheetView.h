@@ -52,7 +52,8 @@ public:
     std::function<void(int row, int column, const std::string& text)> OnEndEdit;
     /// The Delete key.
     std::function<void(const TSheetSelection&)> OnClearCells;
-    /// Sees every key first; true: the sheet does nothing more with it.
+    /// Sees every key first; true: the sheet does nothing more with it. A key with Ctrl or Alt that the editor leaves
+    /// over ends the edit before it comes here.
     std::function<bool(QKeyEvent&)> OnKeyDown;
     std::function<void(const QPoint& globalPosition)> OnContextMenu;
     std::function<void()> OnSelectionChange;
@@ -148,7 +149,9 @@ private:
     /// False if what was typed could not be taken over: its hook threw, or this widget is gone.
     bool EndEdit(bool keep);
     void PlaceEditor();
-    bool EditorKey(const QKeyEvent& event);
+    bool EditorKey(QKeyEvent& event);
+    /// A page key, or one that is pressed together with Ctrl or Alt.
+    [[nodiscard]] static bool IsCommandKey(const QKeyEvent& event);
 
     TSpreadsheetPage& FPage;
     TNumberLocale FLocale;

@@ -232,6 +232,18 @@ TEST_F(SpreadsheetView, AnEditEndsBeforeAnythingElseHappens) {
     Click(5, 5);
     EXPECT_EQ(FLog, "2,2=1|2,2=3|4,4=4|4,4=5|");
     EXPECT_EQ(Place(), "5,5:5,5");
+    // A command of the owner's, by its key.
+    FView.OnKeyDown = [&](QKeyEvent& event) {
+        FLog += event.key() == Qt::Key_D ? "command|" : "";
+        return event.key() == Qt::Key_D;
+    };
+    Type("6", {});
+    QTest::keyClick(Editor(), Qt::Key_Alt, Qt::AltModifier);
+    QTest::keyClick(Editor(), Qt::Key_F9);
+    ASSERT_NE(Editor(), nullptr);
+    FLog.clear();
+    QTest::keyClick(Editor(), Qt::Key_D, Qt::AltModifier);
+    EXPECT_EQ(FLog, "5,5=6|command|");
 }
 
 TEST_F(SpreadsheetView, ANewPageDropsTheEditAndKeepsThePlace) {
@@ -325,8 +337,9 @@ TEST(SpreadsheetViewInDialog, EnterIsTheSheetsOwn) {
     EXPECT_EQ(view->CurrentRow(), 1);
     // One that vanishes in its own hook, with its dialog's contents.
     view->OnEndEdit = [view](int, int, const std::string&) { delete view; };
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QTest::keyClicks(view, "5");
-    QPointer<TSpreadsheetView> alive(view);
+    const QPointer<TSpreadsheetView> alive(view);
     QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
     QApplication::sendEvent(view->findChild<QLineEdit*>("edtCell"), &enter);
     EXPECT_EQ(alive, nullptr);
