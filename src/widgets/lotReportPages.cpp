@@ -19,6 +19,8 @@ constexpr double MostSteps = 1e9;  // That a scroll bar is given; it counts in i
 constexpr double WheelZoom = 0.25; // By which a notch of the wheel changes the zoom.
 constexpr double SmallestZoom = 0.01;
 constexpr double ShadowOffset = 2;
+constexpr int ShadowAlpha = 90;
+constexpr QRgb FoundMark = 0xFFFFE082; // Behind a text that was found: on paper, which is white in any palette.
 
 } // namespace
 
@@ -212,12 +214,14 @@ void TReportPages::ShowFound(const std::optional<TFoundText>& found) {
 void TReportPages::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), palette().color(QPalette::Window).darker(112));
+    QColor shadow = palette().color(QPalette::Shadow);
+    shadow.setAlpha(ShadowAlpha);
     for (int i = std::max(0, PageAt(ScrollTop())); i < PageCount(); ++i) {
         const QRectF rect = ViewRect(i);
         if (rect.top() > viewport()->height()) {
             break;
         }
-        painter.fillRect(rect.translated(ShadowOffset, ShadowOffset).adjusted(0, 0, 1, 1), QColor(0, 0, 0, 40));
+        painter.fillRect(rect.translated(ShadowOffset, ShadowOffset).adjusted(0, 0, 1, 1), shadow);
         painter.fillRect(rect, Qt::white);
         painter.save();
         painter.setClipRect(rect.intersected(event->rect()));
@@ -225,7 +229,7 @@ void TReportPages::paintEvent(QPaintEvent* event) {
         painter.translate(rect.topLeft());
         painter.scale(PixelsPerTwip(), PixelsPerTwip());
         if (FFound && FFound->Page == i) {
-            painter.fillRect(FFound->Rect.adjusted(-30, 0, 30, 0), QColor(0xFF, 0xE0, 0x82));
+            painter.fillRect(FFound->Rect.adjusted(-30, 0, 30, 0), QColor::fromRgb(FoundMark));
         }
         report::PaintPage(painter, *FReport, Page(i));
         painter.restore();

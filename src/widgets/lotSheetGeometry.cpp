@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotSheetGeometry.h"
 
+#include "widgets/lotPalette.h"
+
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPaintDevice>
@@ -13,7 +15,6 @@ namespace {
 
 constexpr double Padding = 4; // Pixels at 96 to the inch, on both sides of a cell's text.
 constexpr double RowPadding = 5;
-constexpr QRgb NegativeRed = 0xC62828;
 
 QString Shown(const TSpreadsheetText& text) {
     return QString::fromStdString(text.Text);
@@ -110,7 +111,7 @@ void TSheetPainter::Text(QPainter& painter, int row, int column, const QRectF& c
         text = metrics.elidedText(text, Qt::ElideRight, place.width());
     }
     painter.setFont(font);
-    painter.setPen(shown.Red               ? QColor(NegativeRed)
+    painter.setPen(shown.Red               ? colour::Missing()
                    : style.FontColour != 0 ? QColor(SheetColour(style.FontColour))
                                            : QGuiApplication::palette().color(QPalette::Text));
     const Qt::Alignment align = right                                      ? Qt::AlignRight

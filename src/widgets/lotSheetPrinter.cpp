@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotSheetPrinter.h"
 
+#include "widgets/lotPalette.h"
+
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <algorithm>
 
 namespace {
-
-constexpr QRgb FineRule = 0xD5DBE0;
 
 /// The first index behind `first` that no longer fits, but at least the next one.
 template <typename TEdge> int Fitting(int first, int count, double room, const TEdge& edge) {
@@ -85,7 +85,7 @@ void TSheetPrinter::DrawCells(QPainter& painter, const TSheetPageRange& range) c
             cell.setWidth(FGeometry.Width(column));
             cells.Ground(painter, row, column, cell);
         }
-        painter.fillRect(QRectF(0, cell.bottom(), cell.right(), FScale / 2), QColor(FineRule));
+        painter.fillRect(QRectF(0, cell.bottom(), cell.right(), FScale / 2), colour::Rule());
         cell.setRect(0, y, 0, FGeometry.Height(row));
         for (std::size_t i = 0; i < columns.size(); ++i) {
             cell.setLeft(cell.right());

@@ -77,7 +77,7 @@ QString TSpreadsheetView::ColumnCaption(int column) const {
 }
 
 void TSpreadsheetView::UpdateScrollBars() {
-    // As far as the last row and column come into view whole.
+    // The furthest that the sheet scrolls is where its last row and column are in view whole.
     const auto furthest = [](int frozen, int count, double room, const auto& edge) {
         int first = count;
         while (first > frozen && edge(count) - edge(first - 1) <= room) {
