@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotAccessibleParts.h"
 
-#include <QAbstractScrollArea>
 #include <utility>
 
 TAccessibleParts::TAccessibleParts(QAbstractScrollArea& widget, QAccessible::Role role)

@@ -6,11 +6,10 @@
 // leave the register, and nobody holds a part that is gone.
 #pragma once
 
+#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <map>
-
-class QAbstractScrollArea;
 
 /// The interface of such a widget.
 class TAccessibleParts : public QAccessibleWidget {
