@@ -5,20 +5,7 @@
 
 #include <QKeyEvent>
 #include <algorithm>
-#include <string_view>
 #include <utility>
-
-namespace {
-
-/// True if the mask's third section, the one for zero, writes nothing: "#" is a digit that zero doesn't have.
-bool HidesZero(std::string_view mask) {
-    const std::size_t second = mask.find(';');
-    const std::size_t third = second == std::string_view::npos ? second : mask.find(';', second + 1);
-    return third != std::string_view::npos && third + 1 < mask.size() &&
-           mask.find_first_not_of("#,", third + 1) == std::string_view::npos;
-}
-
-} // namespace
 
 TNumberEdit::TNumberEdit(std::string mask, const TNumberLocale& locale, QWidget* parent)
     : QLineEdit(parent), FMask(std::move(mask)), FLocale(locale) {
@@ -47,15 +34,10 @@ void TNumberEdit::SetReadOnly(bool readOnly) {
     ShowText();
 }
 
-/// By the first section of the mask, without thousands and whatever else it writes around the digits.
+/// Where the mask shows a zero as nothing, a zero is typed over nothing too.
 QString TNumberEdit::EditText() const {
-    if (FValue == 0 && HidesZero(FMask)) {
-        return {};
-    }
-    const std::string_view section = std::string_view(FMask).substr(0, FMask.find(';'));
-    const std::size_t first = std::min(section.find_first_of("0."), section.size());
-    const std::size_t last = section.find_first_not_of("0.", first);
-    return QString::fromStdString(vip::FormatMask(section.substr(first, last - first), FValue, FLocale));
+    const bool hidden = FValue == 0 && vip::FormatMask(FMask, 0, FLocale).empty();
+    return hidden ? QString() : QString::fromStdString(vip::FormatMask(vip::EditMask(FMask), FValue, FLocale));
 }
 
 void TNumberEdit::ShowText() {

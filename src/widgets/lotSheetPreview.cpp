@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotSheetPreview.h"
 
+#include "app/lotFailures.h"
 #include "persistence/lotAtomicFile.h"
 #include "widgets/lotPreviewBar.h"
 #include "widgets/lotPreviewPages.h"
@@ -86,11 +87,14 @@ TSheetPreview::TSheetPreview(const TSpreadsheetPage& page, const QString& title,
     layout->addWidget(FBar);
     layout->addWidget(FPages, 1);
 
-    connect(FPages, &QPrintPreviewWidget::paintRequested, this, [this](QPrinter* printer) { Draw(*printer); });
+    connect(FPages, &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* printer) { Guarded([&] { Draw(*printer); }); });
     connect(FPages, &QPrintPreviewWidget::previewChanged, FBar, [this] {
         FBar->ShowPlace();
         FBar->ShowZoom();
+        FPages->setAccessibleDescription(QString("Page %1 of %2").arg(FPages->currentPage()).arg(FPages->pageCount()));
     });
+    FPages->setAccessibleName("Pages");
     FPages->fitToWidth();
     FPages->setFocus();
 }
