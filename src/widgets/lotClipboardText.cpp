@@ -1,33 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotClipboardText.h"
 
-#include "common/vipText.h"
+#include "common/vipNumber.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
 #include <type_traits>
 #include <utility>
 
 namespace {
-
-std::string NumberText(double value, const TNumberLocale& locale) {
-    if (value == 0 || !std::isfinite(value)) {
-        return "0";
-    }
-    std::array<char, 512> buffer{}; // The longest, a subnormal number, has some 340 characters.
-    const auto [end, error] =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed);
-    const std::string_view plain(buffer.data(), end);
-    const std::size_t point = plain.find('.');
-    std::string text(plain.substr(0, point));
-    if (point != std::string_view::npos) {
-        vip::AppendCodePoint(text, locale.Decimal);
-        text += plain.substr(point + 1);
-    }
-    return text;
-}
 
 std::string Quoted(const std::string& text) {
     if (text.find_first_of("\t\r\n\"") == std::string::npos) {
@@ -48,7 +28,7 @@ std::string CellText(const TlotValue& value, const TNumberLocale& locale) {
             } else if constexpr (std::is_same_v<T, std::int64_t>) {
                 return std::to_string(held);
             } else if constexpr (std::is_same_v<T, double>) {
-                return NumberText(held, locale);
+                return vip::NumberToFullText(held, locale);
             } else if constexpr (std::is_same_v<T, std::string>) {
                 return Quoted(held);
             } else {
