@@ -3,12 +3,17 @@
 // The adapter between a grid and a list of the model: the grid asks it for records and cells and hands it what was
 // typed, and the adapter writes straight into the model, with no copy. It knows no widget, and columns by their place
 // only.
+//
+// After an edit a grid goes on in this order, whatever of it throws: OnChange, Settle, its own view, and last the box
+// that tells the user what went wrong. Edits of many cells, as when a block is pasted, are one batch: OnChange and
+// Settle come once, at its end.
 #pragma once
 
 #include <cmath>
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 #include <variant>
 
 /// A cell's value: nothing, or one of the kinds that grids edit.
@@ -29,11 +34,16 @@ public:
     [[nodiscard]] virtual TlotValue GetValue(int record, int column) = 0;
     /// Adds a record in front of that one.
     virtual void InsertRecord(int record) = 0;
+    /// Writes to the model, then calls Changed. Nothing as the value is what the Delete key and an emptied field write.
+    /// What throws, throws before anything is written; what is computed afterwards and may fail is Settle's.
     virtual void SetValue(int record, int column, const TlotValue& value) = 0;
-    /// Brings computed figures up to date where an edit has left that for later. Grids call it after their edits and
-    /// before they read, never while they paint. May throw; what is read then is what stood before.
+    /// Brings computed figures up to date, where an edit has left them behind; may throw. Grids call it once after each
+    /// edit or batch, and before they read the list afresh, never while they paint: a cell that is only drawn finds
+    /// nothing left to compute. A source that computes lazily forgets that it has to before it begins, so that what
+    /// throws here doesn't throw again at each cell that is read.
     virtual void Settle() {}
-    /// What the record is, wherever it stands; null: known by its place only.
+    /// What tells this record from all others for as long as it is there, wherever it moves in the list, such as the
+    /// address of its object; never looked into. nullptr: records are known by their place.
     [[nodiscard]] virtual const void* RecordKey(int /*record*/) { return nullptr; }
     /// The list behind it has changed: the grid reads it afresh.
     virtual void DataChanged() {
@@ -42,9 +52,23 @@ public:
         }
     }
 
-    int MasterRecord = -1; ///< Of a detail: the record of the master that it works on; -1: none, and so no records.
+    /// Of a detail: the record of the master that it works on; with -1, or one that is gone, it has no records.
+    int MasterRecord = -1;
 
-    std::function<void()> OnChange;      ///< SetValue has written to the model.
+    /// From here to the end of the outermost batch OnChange waits; then it comes once, if anything has changed.
+    void BeginBatch() noexcept { ++FBatches; }
+    void EndBatch() {
+        if (--FBatches == 0 && std::exchange(FWaiting, false) && OnChange) {
+            OnChange();
+        }
+    }
+    /// A source that computes lazily leaves it while this is so: what is read between the edits of a batch is of
+    /// before.
+    [[nodiscard]] bool InBatch() const noexcept { return FBatches > 0; }
+    /// How often Changed was called: tells whether a SetValue that threw had written.
+    [[nodiscard]] int Changes() const noexcept { return FChanges; }
+
+    std::function<void()> OnChange;      ///< The model has been written to.
     std::function<void()> OnDataChanged; ///< For the grid.
 
     // The value of a cell; what is empty or of another kind is the type's zero.
@@ -68,4 +92,20 @@ public:
         const std::string* const text = std::get_if<std::string>(&value);
         return text != nullptr ? *text : std::string();
     }
+
+protected:
+    /// For SetValue, and for what else counts as an edit: raises OnChange, in a batch at its end.
+    void Changed() {
+        ++FChanges;
+        if (FBatches > 0) {
+            FWaiting = true;
+        } else if (OnChange) {
+            OnChange();
+        }
+    }
+
+private:
+    int FBatches = 0;
+    int FChanges = 0;
+    bool FWaiting = false;
 };

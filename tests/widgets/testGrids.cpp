@@ -1,186 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// Grids over data sources, and the other widgets of lists: keys and clicks in, the source out.
+// The navigation column, cards, charts and the number field: keys and clicks in, what they did out.
 #include "support/lotFiles.h"
 #include "widgets/lotCardList.h"
-#include "widgets/lotMasterDetailGrid.h"
 #include "widgets/lotNavigationColumn.h"
 #include "widgets/lotNumberEdit.h"
 #include "widgets/lotPieChart.h"
 #include "widgets/lotSeriesCharts.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemModelTester>
 #include <QAction>
 #include <QApplication>
-#include <QLabel>
 #include <QTest>
 
 namespace {
-
-struct TCost {
-    std::string Name;
-    double Amount = 0;
-    bool Percentage = false;
-};
-
-/// Costs in sections; without a master, those of the first.
-class TCosts final : public TlotCustomDataSource {
-public:
-    std::vector<std::vector<TCost>> Sections{{{"Legal", 100}, {"Agent", 12.3456, true}}, {{"Roads", 5000}}, {}};
-
-    int AppendRecord() override {
-        List().emplace_back();
-        DataChanged();
-        return GetRecordCount() - 1;
-    }
-    void DeleteRecord(int record) override { List().erase(List().begin() + record); }
-    int GetRecordCount() override { return MasterRecord < 0 && Detail ? 0 : static_cast<int>(List().size()); }
-    TlotValue GetValue(int record, int column) override {
-        const TCost& cost = List().at(static_cast<std::size_t>(record));
-        switch (column) {
-        case 0: return cost.Name;
-        case 1: return cost.Amount;
-        case 2: return cost.Percentage;
-        default: return 2 * cost.Amount;
-        }
-    }
-    void InsertRecord(int record) override { List().insert(List().begin() + record, TCost{}); }
-    void SetValue(int record, int column, const TlotValue& value) override {
-        TCost& cost = List().at(static_cast<std::size_t>(record));
-        switch (column) {
-        case 0: cost.Name = AsString(value); break;
-        case 1: cost.Amount = AsDouble(value); break;
-        default: cost.Percentage = AsBoolean(value);
-        }
-        if (OnChange) {
-            OnChange();
-        }
-    }
-    bool Detail = false;
-
-private:
-    std::vector<TCost>& List() { return Sections.at(static_cast<std::size_t>(std::max(0, MasterRecord))); }
-};
-
-class TSections final : public TlotCustomDataSource {
-public:
-    int AppendRecord() override { return 0; }
-    void DeleteRecord(int) override {}
-    int GetRecordCount() override { return 3; }
-    TlotValue GetValue(int record, int) override { return "Section " + std::to_string(record); }
-    void InsertRecord(int) override {}
-    void SetValue(int, int, const TlotValue&) override {}
-};
-
-std::vector<TGridColumn> Columns(TCosts& costs) {
-    std::vector<TGridColumn> columns{
-        {.Caption = "Name", .Width = 0},
-        {.Caption = "Amount", .Editor = TlotEditor::Number, .Mask = ",0"},
-        {.Caption = "%", .Editor = TlotEditor::CheckBox, .Width = 40},
-        {.Caption = "Value", .Editor = TlotEditor::ReadOnly, .Mask = ",0"},
-    };
-    columns[1].MaskOf = [&costs](int record) {
-        return TlotCustomDataSource::AsBoolean(costs.GetValue(record, 2)) ? "0.000%" : ",0";
-    };
-    return columns;
-}
-
-void Type(TDataGrid& grid, int row, int column, const QString& text) {
-    grid.setFocus();
-    grid.setCurrentIndex(grid.model()->index(row, column));
-    QTest::keyClick(&grid, Qt::Key_F2);
-    auto* const editor = qobject_cast<QLineEdit*>(grid.indexWidget(grid.currentIndex()));
-    ASSERT_NE(editor, nullptr);
-    editor->selectAll();
-    QTest::keyClicks(editor, text);
-    QTest::keyClick(editor, Qt::Key_Return);
-    QCoreApplication::processEvents();
-}
-
-TEST(DataGrid, EditsGoStraightIntoTheSource) {
-    TCosts costs;
-    int changes = 0;
-    costs.OnChange = [&] { ++changes; };
-    TDataGrid grid(costs, Columns(costs), PointLocale, "Click here to add new row");
-    const QAbstractItemModelTester tester(&grid.Bridge(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    grid.SetFooter(3, ",0");
-    grid.resize(500, 300);
-    grid.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&grid));
-    const auto shown = [&](int row, int column) { return grid.model()->index(row, column).data().toString(); };
-    EXPECT_EQ(shown(1, 1), "12.346%");
-    EXPECT_EQ(shown(2, 0), "Click here to add new row");
-
-    Type(grid, 0, 1, "1,250.50");
-    EXPECT_EQ(costs.Sections[0][0].Amount, 1250.5);
-    EXPECT_EQ(shown(0, 1), "1,251");
-    EXPECT_EQ(grid.findChild<QLabel*>("lblFooter")->text(), "2,526");
-    Type(grid, 1, 1, "12.346");
-    EXPECT_EQ(costs.Sections[0][1].Amount, 12.3456) << "An untouched figure keeps its precision.";
-    Type(grid, 2, 0, "Survey");
-    ASSERT_EQ(costs.Sections[0].size(), 3U);
-    EXPECT_EQ(costs.Sections[0][2].Name, "Survey");
-    EXPECT_EQ(shown(3, 0), "Click here to add new row");
-    EXPECT_TRUE(grid.model()->setData(grid.model()->index(2, 2), Qt::Checked, Qt::CheckStateRole));
-    EXPECT_TRUE(costs.Sections[0][2].Percentage);
-    EXPECT_FALSE(grid.model()->setData(grid.model()->index(0, 3), 5)) << "read-only";
-    EXPECT_EQ(changes, 3);
-}
-
-TEST(DataGrid, KeysMoveRecordsAndNeverDeleteUnasked) {
-    TCosts costs;
-    TDataGrid grid(costs, Columns(costs), PointLocale);
-    grid.show();
-    grid.OnMove = [&](int record, int step) {
-        auto& list = costs.Sections[0];
-        const int to = record + step;
-        if (to < 0 || to >= static_cast<int>(list.size())) {
-            return false;
-        }
-        std::swap(list[static_cast<std::size_t>(record)], list[static_cast<std::size_t>(to)]);
-        costs.DataChanged();
-        return true;
-    };
-    grid.FocusRecord(1, 1);
-    QTest::keyClick(&grid, Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_EQ(costs.Sections[0][0].Name, "Agent");
-    EXPECT_EQ(grid.FocusedRecord(), 0);
-    QTest::keyClick(&grid, Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_EQ(grid.FocusedRecord(), 0);
-    QTest::keyClick(&grid, Qt::Key_Delete);
-    EXPECT_EQ(costs.Sections[0].size(), 2U);
-}
-
-TEST(MasterDetailGrid, EachMasterHasItsDetailsAndOneEditRefreshesAll) {
-    TSections sections;
-    TCosts costs;
-    costs.Detail = true;
-    TMasterDetailGrid grid(sections, costs, Columns(costs), PointLocale, "Click here to add new row");
-    grid.SetFooter(3, ",0");
-    grid.resize(600, 500);
-    grid.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&grid));
-    ASSERT_EQ(grid.MasterCount(), 3);
-    const auto rows = [&](int master) { return grid.Detail(master).model()->rowCount(); };
-    EXPECT_EQ(rows(0), 3);
-    EXPECT_EQ(rows(1), 2);
-    EXPECT_EQ(rows(2), 1);
-    const auto footer = [&](int master) { return grid.Detail(master).findChild<QLabel*>("lblFooter")->text(); };
-    EXPECT_EQ(footer(1), "10,000");
-    costs.OnChange = [&] { costs.Sections[1][0].Amount = 7000; }; // A figure of one section hangs on another's.
-    Type(grid.Detail(0), 0, 1, "300");
-    EXPECT_EQ(footer(1), "14,000");
-    EXPECT_EQ(grid.FocusedMaster(), 0);
-    Type(grid.Detail(2), 0, 0, "First of its section");
-    EXPECT_EQ(costs.Sections[2].size(), 1U);
-    EXPECT_EQ(costs.Sections[0].size(), 2U);
-    grid.SetExpanded(1, false);
-    EXPECT_FALSE(grid.Detail(1).isVisible());
-    sections.DataChanged();
-    EXPECT_FALSE(grid.Detail(1).isVisible()) << "stays folded";
-    EXPECT_TRUE(grid.Detail(0).isVisible());
-}
 
 TEST(NumberEdit, TakesWhatIsTypedAndKeepsWhatIsNot) {
     struct TCase {
