@@ -94,9 +94,12 @@ public:
     }
 
 protected:
-    /// For SetValue, and for what else counts as an edit: raises OnChange, in a batch at its end.
-    void Changed() {
+    /// For SetValue, and for what else counts as an edit: raises OnChange, in a batch at its end; a quiet one doesn't.
+    void Changed(bool quiet = false) {
         ++FChanges;
+        if (quiet) {
+            return;
+        }
         if (FBatches > 0) {
             FWaiting = true;
         } else if (OnChange) {

@@ -12,15 +12,13 @@ void TlotEditingSource::Settle() {
 void TlotEditingSource::Written() {
     Modified = true;
     FDirty = FDirty || FRules.RecalculateAtNextRead;
-    if (!FRules.QuietWrites && OnChange) {
-        OnChange();
-    }
+    Changed(FRules.QuietWrites);
 }
 
 void TlotEditingSource::RecordsChanged() {
     Modified = true;
-    if (FRules.ChangeWithRecords && OnChange) {
-        OnChange();
+    if (FRules.ChangeWithRecords) {
+        Changed();
     }
     DataChanged();
 }

@@ -91,7 +91,9 @@ public:
         return list == nullptr ? 0 : list->Count();
     }
     [[nodiscard]] TlotValue GetValue(int record, int column) override {
-        Settle();
+        if (!InBatch()) {
+            Settle();
+        }
         const T* const found = Record(record);
         return found == nullptr ? TlotValue() : Column(column).Get(*found);
     }
