@@ -4,12 +4,12 @@
 #include "app/lotReports.h"
 #include "app/lotSystem.h"
 #include "reportengine/frxReport.h"
-#include "shell/frmCashflowView.h"
+#include "shell/base/lotLook.h"
+#include "shell/dialogs/frmReport4Preview.h"
 #include "shell/frmMain.h"
-#include "shell/frmReport4Preview.h"
 #include "shell/lotApplication.h"
-#include "shell/lotLook.h"
 #include "shell/lotQtServices.h"
+#include "shell/views/frmCashflowView.h"
 #include "widgets/lotSpreadsheetView.h"
 
 #include <benchmark/benchmark.h>

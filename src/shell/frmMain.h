@@ -6,7 +6,7 @@
 #pragma once
 
 #include "app/lotController.h"
-#include "shell/lotDesktop.h"
+#include "shell/base/lotDesktop.h"
 #include "shell/lotFileCommands.h"
 #include "shell/lotMainActions.h"
 #include "shell/lotViewHost.h"

@@ -2,7 +2,7 @@
 #include "shell/frmReportPreview.h"
 
 #include "app/lotFailures.h"
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 #include "shell/lotReportPrinter.h"
 #include "widgets/lotPreviewBar.h"
 #include "widgets/lotReportPages.h"

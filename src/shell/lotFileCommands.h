@@ -5,7 +5,7 @@
 #pragma once
 
 #include "persistence/lotUserSettings.h"
-#include "shell/lotDesktop.h"
+#include "shell/base/lotDesktop.h"
 
 #include <functional>
 #include <string>

@@ -2,7 +2,7 @@
 #include "shell/lotMainActions.h"
 
 #include "app/lotFailures.h"
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 #include "widgets/lotNavigationColumn.h"
 
 #include <QActionGroup>

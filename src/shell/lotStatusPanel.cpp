@@ -2,7 +2,7 @@
 #include "shell/lotStatusPanel.h"
 
 #include "app/datProject.h"
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 #include "widgets/lotClickLabel.h"
 
 #include <QGridLayout>

@@ -4,7 +4,7 @@
 // the next. The two can differ: a new project brings the units to the front without making them current.
 #pragma once
 
-#include "shell/lotViewForm.h"
+#include "shell/base/lotViewForm.h"
 
 #include <QStackedWidget>
 #include <cstdint>

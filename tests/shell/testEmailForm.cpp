@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/lotController.h"
-#include "shell/frmEmail.h"
+#include "shell/dialogs/frmEmail.h"
 #include "shell/lotMailDraft.h"
 #include "shell/lotQtMail.h"
 #include "support/lotDesktopScript.h"

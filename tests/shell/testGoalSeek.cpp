@@ -2,8 +2,8 @@
 //
 // Goal Seek with its real dialog: what is typed, and what becomes of the project.
 #include "app/lotFailures.h"
-#include "shell/frmGoalSeek.h"
-#include "shell/lotGoalSeekCommand.h"
+#include "shell/dialogs/frmGoalSeek.h"
+#include "shell/dialogs/lotGoalSeekCommand.h"
 #include "support/lotDesktopScript.h"
 #include "widgets/lotNumberEdit.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmHomeView.h"
-#include "shell/lotBranding.h"
+#include "shell/base/lotBranding.h"
+#include "shell/views/frmHomeView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "common/vipErrors.h"
-#include "shell/frmAbout.h"
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
+#include "shell/dialogs/frmAbout.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/dialogs/frmReport4Preview.h"
 #include "shell/frmMain.h"
-#include "shell/frmReport4Preview.h"
 #include "shell/lotReportPrinter.h"
 #include "support/lotDesktopScript.h"
 #include "support/lotTestProject.h"

@@ -2,12 +2,12 @@
 //
 // The views that only show things, and the small dialogs.
 #include "app/lotFailures.h"
-#include "shell/frmCashflowView.h"
-#include "shell/frmHelp.h"
+#include "shell/dialogs/frmHelp.h"
+#include "shell/dialogs/frmSelectTemplate.h"
+#include "shell/dialogs/frmUserSettingsDlg.h"
 #include "shell/frmMain.h"
-#include "shell/frmSelectTemplate.h"
-#include "shell/frmSummaryView.h"
-#include "shell/frmUserSettingsDlg.h"
+#include "shell/views/frmCashflowView.h"
+#include "shell/views/frmSummaryView.h"
 #include "support/lotDesktopScript.h"
 #include "widgets/lotSpreadsheetView.h"
 

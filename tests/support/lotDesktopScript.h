@@ -5,7 +5,7 @@
 
 #include "app/lotSystem.h"
 #include "reportengine/frxReport.h"
-#include "shell/lotDesktop.h"
+#include "shell/base/lotDesktop.h"
 #include "support/lotFiles.h"
 
 #include <deque>

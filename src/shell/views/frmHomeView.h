@@ -3,7 +3,7 @@
 // The start page: a logo and three texts, which a firm may replace by its own.
 #pragma once
 
-#include "shell/lotViewForm.h"
+#include "shell/base/lotViewForm.h"
 
 #include <QString>
 

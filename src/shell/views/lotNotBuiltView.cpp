@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/lotNotBuiltView.h"
+#include "shell/views/lotNotBuiltView.h"
 
-#include "shell/lotLook.h"
-#include "shell/lotViewPanel.h"
+#include "shell/base/lotLook.h"
+#include "shell/base/lotViewPanel.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

@@ -3,7 +3,7 @@
 // Stands in the work area for a screen that this version hasn't got, and says so.
 #pragma once
 
-#include "shell/lotViewForm.h"
+#include "shell/base/lotViewForm.h"
 
 class TNotBuiltView : public TViewForm {
 public:

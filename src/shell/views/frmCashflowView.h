@@ -4,8 +4,8 @@
 #pragma once
 
 #include "reporting/lotSpreadsheetPage.h"
-#include "shell/lotDesktop.h"
-#include "shell/lotViewForm.h"
+#include "shell/base/lotDesktop.h"
+#include "shell/base/lotViewForm.h"
 
 class QCheckBox;
 class TSpreadsheetView;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmEmail.h"
+#include "shell/dialogs/frmEmail.h"
 
 #include "app/lotFailures.h"
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>

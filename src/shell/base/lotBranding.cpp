@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/lotBranding.h"
+#include "shell/base/lotBranding.h"
 
 #include "common/vipErrors.h"
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 
 #include <QDesktopServices>
 #include <QDir>

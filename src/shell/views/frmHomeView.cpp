@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmHomeView.h"
+#include "shell/views/frmHomeView.h"
 
-#include "shell/lotBranding.h"
-#include "shell/lotLook.h"
-#include "shell/lotViewPanel.h"
+#include "shell/base/lotBranding.h"
+#include "shell/base/lotLook.h"
+#include "shell/base/lotViewPanel.h"
 
 #include <QFrame>
 #include <QHBoxLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmReport4Preview.h"
+#include "shell/dialogs/frmReport4Preview.h"
 
 #include "reportengine/frxReport.h"
 

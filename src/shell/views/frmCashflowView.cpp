@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmCashflowView.h"
+#include "shell/views/frmCashflowView.h"
 
 #include "app/lotFailures.h"
 #include "reporting/lotCashflowSheet.h"
 #include "reporting/lotWorkbook.h"
-#include "shell/lotLook.h"
-#include "shell/lotViewPanel.h"
+#include "shell/base/lotLook.h"
+#include "shell/base/lotViewPanel.h"
 #include "widgets/lotSheetPreview.h"
 #include "widgets/lotSpreadsheetView.h"
 

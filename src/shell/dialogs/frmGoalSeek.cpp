@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmGoalSeek.h"
+#include "shell/dialogs/frmGoalSeek.h"
 
 #include "app/lotFailures.h"
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 #include "widgets/lotNumberEdit.h"
 
 #include <QComboBox>

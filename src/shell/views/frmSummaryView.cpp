@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmSummaryView.h"
+#include "shell/views/frmSummaryView.h"
 
-#include "shell/lotLook.h"
-#include "shell/lotViewPanel.h"
+#include "shell/base/lotLook.h"
+#include "shell/base/lotViewPanel.h"
 #include "widgets/lotPieChart.h"
 
 #include <QFormLayout>

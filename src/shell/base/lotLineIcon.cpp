@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/lotLineIcon.h"
+#include "shell/base/lotLineIcon.h"
 
 #include "common/vipErrors.h"
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 
 #include <QFile>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 
-#include "shell/lotLineIcon.h"
+#include "shell/base/lotLineIcon.h"
 
 #include <QApplication>
 #include <QFrame>

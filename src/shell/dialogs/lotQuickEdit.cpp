@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/lotQuickEdit.h"
+#include "shell/dialogs/lotQuickEdit.h"
 
 #include "widgets/lotNumberEdit.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/lotGoalSeekCommand.h"
+#include "shell/dialogs/lotGoalSeekCommand.h"
 
 #include "model/lotMeasures.h"
-#include "shell/frmGoalSeek.h"
+#include "shell/dialogs/frmGoalSeek.h"
 
 namespace {
 

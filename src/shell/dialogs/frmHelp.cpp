@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmHelp.h"
+#include "shell/dialogs/frmHelp.h"
 
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QHBoxLayout>

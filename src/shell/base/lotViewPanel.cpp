@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/lotViewPanel.h"
+#include "shell/base/lotViewPanel.h"
 
-#include "shell/lotLook.h"
+#include "shell/base/lotLook.h"
 
 #include <QFrame>
 #include <QHBoxLayout>

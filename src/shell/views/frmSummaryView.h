@@ -5,7 +5,7 @@
 
 #include "app/datProject.h"
 #include "common/vipNumber.h"
-#include "shell/lotViewForm.h"
+#include "shell/base/lotViewForm.h"
 
 class QFormLayout;
 class QLabel;
