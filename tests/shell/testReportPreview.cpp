@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/dialogs/frmReport4Preview.h"
+#include "shell/dialogs/lotReportPrinter.h"
 #include "shell/frmMain.h"
-#include "shell/lotReportPrinter.h"
 #include "support/lotDesktopScript.h"
 #include "support/lotTestProject.h"
 #include "widgets/lotReportPages.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "app/lotServices.h"
-#include "shell/frmReportPreview.h"
+#include "shell/dialogs/frmReportPreview.h"
 
 /// Of the older engine.
 class TPreviewForm final : public TReportPreviewForm {

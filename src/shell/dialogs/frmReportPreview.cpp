@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/frmReportPreview.h"
+#include "shell/dialogs/frmReportPreview.h"
 
 #include "app/lotFailures.h"
 #include "shell/base/lotLook.h"
-#include "shell/lotReportPrinter.h"
+#include "shell/dialogs/lotReportPrinter.h"
 #include "widgets/lotPreviewBar.h"
 #include "widgets/lotReportPages.h"
 #include "widgets/lotReportThumbnails.h"

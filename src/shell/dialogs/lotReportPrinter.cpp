@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "shell/lotReportPrinter.h"
+#include "shell/dialogs/lotReportPrinter.h"
 
 #include "common/vipErrors.h"
 #include "reportengine/pages/lotReportPainter.h"
