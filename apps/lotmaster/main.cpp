@@ -26,22 +26,22 @@ int main(int argc, char* argv[]) {
         TlotSystemClock clock;
         TQtBusy busy;
         TlotSystem system(clock.Today());
-        const TlotServices services{messages, clock, busy};
-        TProjectData data(system, appData.Options, services, start.Locale);
         TQtQuestions questions;
         TQtFiles files;
         TQtTemplateChooser templates;
+        TQtMail mail(appData.TemporaryFolder);
+        const TlotDesktopServices services{{messages, clock, busy}, questions, files, templates, mail};
+        TProjectData data(system, appData.Options, services, start.Locale);
         TfrxReport report2(start.Locale);
         TfrxReport report4(start.Locale);
         TQtReportPreviewer previewer(services, files, start.Locale);
         TReportData reports(data, appData.Options, {appData.OlderReportFolder, appData.NewerReportFolder}, report2,
                             report4, &previewer);
-        TQtMail mail(appData.TemporaryFolder);
 
-        TMainForm form({appData, data, services, questions, files, templates, reports, mail, start.Locale});
+        TMainForm form({appData, data, services, reports, start.Locale});
         form.FormCreate();
         form.show();
-        QTimer::singleShot(0, &form, [&] { Guarded([&] { form.OpenArgument(start.Arguments); }); });
+        QTimer::singleShot(0, &form, [&] { Guarded([&] { form.Files().OpenArgument(start.Arguments); }); });
         result = TLotApplication::exec();
     });
     return result;

@@ -28,6 +28,7 @@ class TNobody final : public TlotQuestionService,
                       public TlotMailService {
 public:
     TlotAnswer AskYesNoCancel(std::string_view /*text*/) override { return TlotAnswer::No; }
+    bool DecideYesNo(std::string_view /*text*/, TlotAnswer /*proposed*/) override { return false; }
     std::optional<std::string> AskOpen(const TlotFileQuestion& /*question*/) override { return std::nullopt; }
     std::optional<std::string> AskSave(const TlotFileQuestion& /*question*/) override { return std::nullopt; }
     std::optional<std::size_t> Choose(std::span<const std::string> /*names*/) override { return std::nullopt; }
@@ -62,7 +63,7 @@ private:
     TProjectData FData{FSystem, FApp.Options, {FMessages, FClock, FBusy}, {}};
     TfrxReport FReport{{}};
     TReportData FReports{FData, FApp.Options, {"", LOTMASTER_REPORTS "/Reports4/"}, FReport, FReport, nullptr};
-    TMainForm FForm{{FApp, FData, {FMessages, FClock, FBusy}, FNobody, FNobody, FNobody, FReports, FNobody, {}}};
+    TMainForm FForm{{FApp, FData, {{FMessages, FClock, FBusy}, FNobody, FNobody, FNobody, FNobody}, FReports, {}}};
 };
 
 /// From the objects of the start to a window that is drawn.

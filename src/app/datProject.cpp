@@ -148,5 +148,5 @@ bool TProjectData::CheckUnitsShow() const {
 }
 
 void TProjectData::BuildReportTables(TlotReportKind kind) {
-    ReportTables.BuildReportTables(kind, Project(), FLocale, {FileName, FOptions.Footer, FOptions.Company});
+    ReportTables.BuildReportTables(kind, Project(), FLocale, {FileName(), FOptions.Footer, FOptions.Company});
 }

@@ -5,6 +5,7 @@
 // needs.
 #pragma once
 
+#include "app/lotDocument.h"
 #include "app/lotServices.h"
 #include "app/lotSystem.h"
 #include "common/vipNumber.h"
@@ -28,8 +29,11 @@ public:
     [[nodiscard]] TlotSAModelNew& SAModelNew() noexcept { return FSystem.SAModelNew; }
     [[nodiscard]] TlotSAModelOld& SAModelOld() noexcept { return FSystem.SAModelOld; }
 
-    std::string FileName;          ///< Of the open project; set by whoever opened or saved it.
+    TlotDocument Document;         ///< Told by whoever opens or saves the project, or changes it.
     TlotReportTables ReportTables; ///< Copies for printing and charts, as of the last BuildReportTables.
+
+    /// Of the open project; empty for one that has no file.
+    [[nodiscard]] const std::string& FileName() const noexcept { return Document.FileName(); }
 
     /// The one way in which the project is made current: one pass, then, with a residual target, the search for the
     /// site value that meets it. Always true. Throws what the pass throws; the site value is as it was then.

@@ -18,15 +18,15 @@ TlotEmail::TlotEmail(TProjectData& data, TlotCustomController& controller, TlotM
 
 bool TlotEmail::IsUsers(const std::string& target) const {
     std::error_code error;
-    if (FData.FileName.empty()) {
+    if (FData.FileName().empty()) {
         return std::filesystem::exists(target, error) && std::filesystem::absolute(target).string() != FOwn;
     }
-    return std::filesystem::equivalent(target, FData.FileName, error);
+    return std::filesystem::equivalent(target, FData.FileName(), error);
 }
 
 void TlotEmail::AttachProject(std::vector<std::string>& attachments) {
     // A project without a name is written into the current folder, on purpose.
-    const std::string name = std::filesystem::path(FData.FileName).filename().string();
+    const std::string name = std::filesystem::path(FData.FileName()).filename().string();
     const std::string target = name.empty() ? "Untitled.lot" : FTemporaryFolder + name;
     bool saved = false;
     try {

@@ -14,7 +14,14 @@ TlotMessageService*& Teller() {
     return teller;
 }
 
+/// Failures told since the program began.
+std::size_t& Count() noexcept {
+    static std::size_t count = 0;
+    return count;
+}
+
 void Tell(const std::string& text) {
+    ++Count();
     if (TlotMessageService* const teller = Teller()) {
         teller->Show(TlotMessageKind::Error, text);
     } else {
@@ -36,6 +43,12 @@ bool Guarded(const std::function<void()>& work) {
         Tell("Something went wrong that has no name.");
     }
     return false;
+}
+
+TFailureWatch::TFailureWatch() noexcept : FBefore(Count()) {}
+
+bool TFailureWatch::Failed() const noexcept {
+    return Count() != FBefore;
 }
 
 TFailureMessages::TFailureMessages(TlotMessageService& messages) : FBefore(std::exchange(Teller(), &messages)) {}

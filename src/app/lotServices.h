@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the logic asks of the world outside: a person to tell things to, a clock, the busy cursor. The desktop answers
-// with real boxes, the command line with lines on standard error, tests with a script.
+// What the logic asks of the world outside: a person to tell things to and to ask, a clock, the busy cursor, the mail
+// program. The desktop answers with real boxes, the command line with lines on standard error, tests with a script.
 #pragma once
 
+#include "app/lotMailService.h"
+
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -34,6 +38,14 @@ public:
 
     /// With the buttons Yes, No and Cancel, Yes being the default; closing the box is Cancel.
     [[nodiscard]] virtual TlotAnswer AskYesNoCancel(std::string_view text) = 0;
+    /// With the buttons Yes and No; true for Yes alone, closing the box is No. `proposed`, one of the two, is the
+    /// default: No for what cannot be had back.
+    [[nodiscard]] bool AskYesNo(std::string_view text, TlotAnswer proposed = TlotAnswer::Yes) {
+        return DecideYesNo(text, proposed);
+    }
+
+protected:
+    [[nodiscard]] virtual bool DecideYesNo(std::string_view text, TlotAnswer proposed) = 0;
 };
 
 /// What a file dialog shows.
@@ -56,6 +68,18 @@ public:
     [[nodiscard]] virtual std::optional<std::string> AskOpen(const TlotFileQuestion& question) = 0;
     /// The full path to save under, the user having agreed to any overwriting; nothing on Cancel.
     [[nodiscard]] virtual std::optional<std::string> AskSave(const TlotFileQuestion& question) = 0;
+};
+
+/// Asks a person for one of several templates.
+class TlotTemplateChooser {
+public:
+    TlotTemplateChooser() = default;
+    TlotTemplateChooser(const TlotTemplateChooser&) = delete;
+    TlotTemplateChooser& operator=(const TlotTemplateChooser&) = delete;
+    virtual ~TlotTemplateChooser() = default;
+
+    /// The index of one of these names, which are two or more without their extension; nothing on Cancel.
+    [[nodiscard]] virtual std::optional<std::size_t> Choose(std::span<const std::string> names) = 0;
 };
 
 class TlotClock {
@@ -109,9 +133,17 @@ private:
     TlotBusyService& FService;
 };
 
-/// The services together, as the composition hands them over; not owned.
+/// The services of any program, together, as the composition hands them over; not owned.
 struct TlotServices {
     TlotMessageService& Messages;
     TlotClock& Clock;
     TlotBusyService& Busy;
+};
+
+/// The services of a program that somebody sits before.
+struct TlotDesktopServices : TlotServices {
+    TlotQuestionService& Questions;
+    TlotFileService& Files;
+    TlotTemplateChooser& Templates;
+    TlotMailService& Mail;
 };

@@ -7,24 +7,9 @@
 #include "app/datProject.h"
 #include "app/lotServices.h"
 
-#include <cstddef>
 #include <cstdint>
-#include <optional>
-#include <span>
 #include <string>
 #include <vector>
-
-/// Asks a person for one of several templates.
-class TlotTemplateChooser {
-public:
-    TlotTemplateChooser() = default;
-    TlotTemplateChooser(const TlotTemplateChooser&) = delete;
-    TlotTemplateChooser& operator=(const TlotTemplateChooser&) = delete;
-    virtual ~TlotTemplateChooser() = default;
-
-    /// The index of one of these names, which are two or more without their extension; nothing on Cancel.
-    [[nodiscard]] virtual std::optional<std::size_t> Choose(std::span<const std::string> names) = 0;
-};
 
 enum class TlotNewProject : std::uint8_t {
     Default,   ///< The built-in sections, or "default.ltt" over them.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/lotMainActions.h"
 
-#include "app/lotFailures.h"
-#include "shell/base/lotLook.h"
+#include "shell/base/lotAction.h"
+#include "shell/base/lotGuardedSlot.h"
 #include "widgets/lotNavigationColumn.h"
 
 #include <QActionGroup>
@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <initializer_list>
+#include <utility>
 
 namespace {
 
@@ -82,17 +83,8 @@ constexpr TlotAction Views[] = {
 
 TMainActions::TMainActions(QObject& owner) {
     for (const TActionRow& row : Rows) {
-        auto* const action = new QAction(row.Caption, &owner);
-        action->setObjectName(row.Name);
-        const QKeySequence key(row.Key);
-        action->setShortcut(key);
-        action->setToolTip(key.isEmpty() ? QString(row.Hint)
-                                         : QString("%1 (%2)").arg(row.Hint, key.toString(QKeySequence::NativeText)));
-        action->setStatusTip(row.Hint);
-        if (*row.Icon != '\0') {
-            action->setIcon(look::Icon(row.Icon));
-        }
-        FActions.emplace(row.Action, action);
+        FActions.emplace(row.Action,
+                         &MakeAction(owner, {row.Name, row.Caption, row.Hint, QKeySequence(row.Key), row.Icon}));
     }
     FActions.at(TlotAction::FileExit)->setMenuRole(QAction::QuitRole);
     FActions.at(TlotAction::HelpAbout)->setMenuRole(QAction::AboutRole);
@@ -111,9 +103,14 @@ TMainActions::TMainActions(QObject& owner) {
     FActions.at(TlotAction::DebugUseFR4)->setChecked(true);
 }
 
-void TMainActions::On(TlotAction action, const std::function<void()>& handler) const {
-    QAction* const object = FActions.at(action);
-    QObject::connect(object, &QAction::triggered, object, [handler] { Guarded(handler); });
+void TMainActions::On(TlotAction action, std::function<void()> handler) const {
+    const QAction& object = *FActions.at(action);
+    OnSignal(object, &QAction::triggered, object, [this, handler = std::move(handler)] {
+        if (BeforeEach) {
+            BeforeEach();
+        }
+        handler();
+    });
 }
 
 TMainActions::TFileMenu TMainActions::FillMenus(QMenuBar& bar) const {

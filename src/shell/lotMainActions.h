@@ -64,8 +64,15 @@ public:
     /// The actions belong to `owner`, under the names of the enumeration.
     explicit TMainActions(QObject& owner);
 
+    TMainActions(const TMainActions&) = delete;
+    TMainActions& operator=(const TMainActions&) = delete;
+
     [[nodiscard]] QAction& operator[](TlotAction action) const { return *FActions.at(action); }
-    void On(TlotAction action, const std::function<void()>& handler) const;
+    /// What the command does; guarded, as what stands before it.
+    void On(TlotAction action, std::function<void()> handler) const;
+
+    /// Runs before any command does anything.
+    std::function<void()> BeforeEach;
 
     /// Returns the File menu and, in it, the action in front of which recent files stand.
     struct TFileMenu {

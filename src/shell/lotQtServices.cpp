@@ -80,6 +80,15 @@ TlotAnswer TQtQuestions::AskYesNoCancel(std::string_view text) {
     }
 }
 
+bool TQtQuestions::DecideYesNo(std::string_view text, TlotAnswer proposed) {
+    QMessageBox box(QApplication::activeWindow());
+    SetUp(box, text, "question");
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(proposed == TlotAnswer::Yes ? QMessageBox::Yes : QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
 QString TQtFiles::StartFolder(const TlotFileQuestion& question) const {
     const QFileInfo proposed(QString::fromStdString(question.Name));
     if (question.Name.find('/') != std::string::npos && proposed.dir().exists()) {

@@ -16,6 +16,9 @@ public:
 class TQtQuestions final : public TlotQuestionService {
 public:
     [[nodiscard]] TlotAnswer AskYesNoCancel(std::string_view text) override;
+
+protected:
+    [[nodiscard]] bool DecideYesNo(std::string_view text, TlotAnswer proposed) override;
 };
 
 class TQtFiles final : public TlotFileService {

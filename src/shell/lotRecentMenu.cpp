@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/lotRecentMenu.h"
 
-#include "app/lotFailures.h"
+#include "shell/base/lotAction.h"
 
 #include <QAction>
 #include <QFontMetrics>
@@ -28,14 +28,10 @@ void TRecentMenu::Rebuild() {
         const QString path = QString::fromStdString(name);
         QString caption = FMenu.fontMetrics().elidedText(path, Qt::ElideMiddle, LongestPath);
         caption.replace('&', "&&");
-        auto* const entry = new QAction(QString("&%1  %2").arg((i + 1) % 10).arg(caption), this);
-        entry->setToolTip(path);
         // By value: choosing a file changes the list.
-        connect(entry, &QAction::triggered, this, [this, name] {
-            const std::string chosen = name;
-            Guarded([&] { OnChoose(chosen); });
-        });
-        FMenu.insertAction(&FBelow, entry);
-        FEntries.push_back(entry);
+        QAction& entry = MakeAction(*this, {{}, QString("&%1  %2").arg((i + 1) % 10).arg(caption), path, {}, {}},
+                                    [this, chosen = name] { OnChoose(chosen); });
+        FMenu.insertAction(&FBelow, &entry);
+        FEntries.push_back(&entry);
     }
 }

@@ -4,55 +4,46 @@
 // the next. The two can differ: a new project brings the units to the front without making them current.
 #pragma once
 
-#include "shell/base/lotViewForm.h"
+#include "shell/lotViewRegistry.h"
 
 #include <QStackedWidget>
-#include <cstdint>
 #include <functional>
-#include <memory>
+#include <span>
 #include <vector>
-
-class TProjectData;
-
-/// What is done when a view is shown. The differences are deliberate: views that only read results make them current
-/// first, the sheets of inputs just come to the front, and the costs and funding views leave a pending edit of the view
-/// that they replace where it is.
-enum class TlotViewRule : std::uint8_t {
-    ReadsResults,     ///< Leave, recalculate, rebuild the report tables, refresh, front.
-    FrontThenRefresh, ///< Leave, front, refresh.
-    RefreshThenFront, ///< Leave, refresh, front.
-    WithoutLeave,     ///< Front, refresh.
-    FrontOnly,        ///< Leave, front.
-};
 
 class TViewHost {
 public:
-    TViewHost(QStackedWidget& area, TProjectData& data) : FArea(area), FData(data) {}
+    TViewHost(QStackedWidget& area, const TlotDesktop& desktop) : FArea(area), FDesktop(desktop) {}
 
-    /// Makes a view of that kind, filling the area, parked behind the others.
-    template <typename TView, typename... TArguments> TView& Add(TArguments&&... arguments) {
-        auto view = std::make_unique<TView>(std::forward<TArguments>(arguments)...);
-        TView& added = *view;
-        FViews.push_back(&added);
-        FArea.addWidget(view.release()); // The area owns it now.
-        return added;
-    }
+    /// Makes the views of the registry in its order, each filling the area. Once, before anything below.
+    void Make(std::span<const TlotViewEntry> registry);
 
-    void Show(TViewForm& view, TlotViewRule rule);
+    /// The view that the command shows; throws ELotError for a command that shows none.
+    [[nodiscard]] TViewForm& View(TlotAction command) const;
+    /// What the command does.
+    void Show(TlotAction command);
     /// Brings a view to the front and nothing else.
     void BringToFront(TViewForm& view);
     void SetCurrent(TViewForm& view) noexcept { FCurrent = &view; }
 
     [[nodiscard]] TViewForm& CurrentView() const { return *FCurrent; }
     [[nodiscard]] TViewForm& FrontView() const;
+    /// In the order in which they were made.
     [[nodiscard]] const std::vector<TViewForm*>& Views() const noexcept { return FViews; }
+
+    /// The edit in progress ends, or is given up, wherever it is.
+    void EndEdit() const { FrontView().EndEdit(); }
+    void DropEdits() const;
 
     /// The view in front is another one.
     std::function<void(const TViewForm&)> OnFront;
 
 private:
+    [[nodiscard]] std::size_t IndexOf(TlotAction command) const;
+
     QStackedWidget& FArea;
-    TProjectData& FData;
-    std::vector<TViewForm*> FViews; // In the order in which they were made; owned by the area.
+    TlotDesktop FDesktop;
+    std::vector<TlotViewEntry> FEntries;
+    std::vector<TViewForm*> FViews; // One an entry; owned by the area.
     TViewForm* FCurrent = nullptr;
 };

@@ -55,7 +55,7 @@ void TToolSession::Open(const std::string& fileName) {
         }
         throw EToolRefused();
     }
-    Data().FileName = fileName;
+    Data().Document.SetFile(fileName);
 }
 
 TReportFolders TToolSession::UseInstallation(const std::string& systemFolder) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "app/lotController.h"
 #include "shell/dialogs/frmEmail.h"
 #include "shell/lotMailDraft.h"
 #include "shell/lotQtMail.h"
 #include "support/lotDesktopScript.h"
+#include "support/lotFakeController.h"
 
 #include <QCheckBox>
 #include <QListWidget>
@@ -12,26 +12,6 @@
 #include <QTest>
 
 namespace {
-
-/// Writes down the reports that are asked for, and makes a file of each.
-class TFakeController final : public TlotCustomController {
-public:
-    std::string Saved;
-    std::string Broken; ///< The report that fails.
-
-    void ShowReport(std::string_view /*name*/) override {}
-    void SaveReport(std::string_view name, const std::string& fileName) override {
-        if (name == Broken) {
-            throw ELotError("broken");
-        }
-        Saved += std::string(name) + "|";
-        std::ofstream(fileName) << name;
-    }
-    void ShowSensitivity() override {}
-    void UseFR2() override {}
-    void UseFR4() override {}
-    void ShowUserSettings() override {}
-};
 
 class EmailForm : public testing::Test {
 protected:
@@ -62,7 +42,7 @@ protected:
 TEST_F(EmailForm, ReportsGoOutInTheOrderOfTheListAndTheirFilesGo) {
     Form.show();
     Tick({"Addendum", "Appraisal", "Picture"}, true);
-    Script.Data.FileName = Script.Folder.File("home/Scheme.lot");
+    Script.Data.Document.SetFile(Script.Folder.File("home/Scheme.lot"));
     PressSend();
     EXPECT_EQ(Controller.Saved, "Picture|Appraisal|Addendum|");
     const std::string folder = Script.App.TemporaryFolder;
@@ -73,7 +53,7 @@ TEST_F(EmailForm, ReportsGoOutInTheOrderOfTheListAndTheirFilesGo) {
     EXPECT_TRUE(Script.User.Mail.Body.starts_with(
         "\r\n\r\nProject and reports produced by TARVANE Lotmaster.\r\nFree download from http"));
     EXPECT_EQ(FilesLeft(), "");
-    EXPECT_EQ(Script.Data.FileName, Script.Folder.File("home/Scheme.lot"));
+    EXPECT_EQ(Script.Data.FileName(), Script.Folder.File("home/Scheme.lot"));
     EXPECT_FALSE(Form.isVisible());
     EXPECT_EQ(Form.findChild<QProgressBar*>("Progress")->value(), 4);
     EXPECT_EQ(Script.User.BusyNow, 0);
@@ -113,7 +93,7 @@ TEST_F(EmailForm, AProjectWithoutANameIsUntitledInTheCurrentFolder) {
 }
 
 TEST_F(EmailForm, AProjectThatCannotBeSavedIsLeftOut) {
-    Script.Data.FileName = "Scheme.lot";
+    Script.Data.Document.SetFile("Scheme.lot");
     std::filesystem::create_directory(Script.App.TemporaryFolder + "Scheme.lot");
     Tick({"Appraisal"}, true);
     Form.Send();

@@ -75,7 +75,7 @@ TEST_F(MainWindow, StartsWithADefaultProjectAndNothingComputed) {
     EXPECT_TRUE(Red("lblStatus"));
     EXPECT_EQ(Label("lblName"), "None specified - click to edit");
     EXPECT_TRUE(FForm->StatusTimerActive());
-    EXPECT_FALSE(FForm->Changed);
+    EXPECT_FALSE(FScript.Data.Document.Changed());
 }
 
 TEST_F(MainWindow, OpenShowsTheSummaryAndTheFigures) {
@@ -135,7 +135,7 @@ TEST_F(MainWindow, FiguresClickedAndTypedGoIntoTheModelUnmarked) {
     EXPECT_EQ(Label("lblName"), "Orchard");
     EditFigure("lblSiteValue", "-5");
     EXPECT_TRUE(Red("lblSiteValue"));
-    EXPECT_FALSE(FForm->Changed);
+    EXPECT_FALSE(FScript.Data.Document.Changed());
 }
 
 TEST_F(MainWindow, FiguresThatNeedAProjectSayWhatIsMissing) {
@@ -155,7 +155,7 @@ TEST_F(MainWindow, CancelAtTheSavePromptLosesNothing) {
     const std::string other = Copy("mixed-use.lot", "b.lot");
     Open(file);
     EditFigure("lblSiteValue", "1000000");
-    FForm->Changed = true;
+    FScript.Data.Document.MarkChanged();
     const std::string before = SavedText(FScript.Project());
     FScript.User.Answers = {TlotAnswer::Cancel, TlotAnswer::Cancel, TlotAnswer::Cancel};
     Do(TlotAction::FileNew);
@@ -165,22 +165,22 @@ TEST_F(MainWindow, CancelAtTheSavePromptLosesNothing) {
     EXPECT_EQ(FScript.User.TakeTold(), question + question + question);
     EXPECT_TRUE(SavedText(FScript.Project()) == before);
     EXPECT_EQ(FForm->windowTitle(), "Lotmaster - a.lot");
-    EXPECT_TRUE(FForm->Changed);
+    EXPECT_TRUE(FScript.Data.Document.Changed());
 
     FScript.User.Answers = {TlotAnswer::Yes};
     Open(other);
     EXPECT_EQ(FScript.Project().Name, "Station Quarter");
-    EXPECT_FALSE(FForm->Changed);
+    EXPECT_FALSE(FScript.Data.Document.Changed());
     Open(file);
     EXPECT_EQ(FScript.SiteValue(), 1'000'000);
 }
 
 TEST_F(MainWindow, SavePromptOfAnUntitledProjectAsksForAName) {
-    FForm->Changed = true;
+    FScript.Data.Document.MarkChanged();
     FScript.User.Answers = {TlotAnswer::Yes, TlotAnswer::Yes};
     FScript.User.FileNames = {std::nullopt, FScript.Folder.File("new.lot")};
     Do(TlotAction::FileNew);
-    EXPECT_TRUE(FForm->Changed) << "Yes without a name saves nothing and so stops.";
+    EXPECT_TRUE(FScript.Data.Document.Changed()) << "Yes without a name saves nothing and so stops.";
     EXPECT_EQ(FScript.User.LastFileQuestion.Name, "");
     EXPECT_TRUE(Close());
     EXPECT_EQ(FScript.User.TakeTold(),
@@ -202,7 +202,7 @@ TEST_F(MainWindow, SaveAsProposesAProjectInTheDataFolder) {
                              {"/firm/no extension", "no extension.lot"},
                              {"/firm/two.dots.ltt", "two.lot"},
                              {"/firm/Scheme.LOT", "/firm/Scheme.LOT"}}) {
-        FScript.Data.FileName = row.FileName;
+        FScript.Data.Document.SetFile(row.FileName);
         FScript.User.FileNames = {std::nullopt};
         Do(TlotAction::FileSaveAs);
         const std::string wanted(row.Proposed);
@@ -211,16 +211,16 @@ TEST_F(MainWindow, SaveAsProposesAProjectInTheDataFolder) {
     EXPECT_EQ(FScript.User.LastFileQuestion.Filter, "Lotmaster Files (*.lot)|*.lot|Lotmaster Templates (*.ltt)|*.ltt");
 
     FScript.User.FileNames = {FScript.Folder.File("House.ltt")};
-    FForm->Changed = true;
+    FScript.Data.Document.MarkChanged();
     Do(TlotAction::FileSaveAs);
     EXPECT_EQ(FForm->windowTitle(), "Lotmaster - House.ltt");
-    EXPECT_FALSE(FForm->Changed);
+    EXPECT_FALSE(FScript.Data.Document.Changed());
     EXPECT_TRUE(FForm->Files().RecentFiles.Names.empty()) << "Templates are no recent files.";
 }
 
 TEST_F(MainWindow, FilesThatCannotBeOpenedLeaveTheProject) {
     Open(Copy("housing.lot", "good.lot"));
-    FForm->Changed = true;
+    FScript.Data.Document.MarkChanged();
     const std::string before = SavedText(FScript.Project());
     struct TCase {
         std::string File;
@@ -239,7 +239,7 @@ TEST_F(MainWindow, FilesThatCannotBeOpenedLeaveTheProject) {
         EXPECT_TRUE(SavedText(FScript.Project()) == before) << row.File;
         EXPECT_EQ(FForm->windowTitle(), "Lotmaster - good.lot");
         FScript.User.Answers.clear();
-        FForm->Changed = true;
+        FScript.Data.Document.MarkChanged();
     }
     EXPECT_EQ(FForm->Files().RecentFiles.Names.size(), 1U);
 }
@@ -248,7 +248,7 @@ TEST_F(MainWindow, ImportMarksTheProjectAndKeepsTheFileName) {
     Open(Copy("housing.lot", "a.lot"));
     FScript.User.FileNames = {ExampleFile("orchard-close.resi")};
     Do(TlotAction::FileOpen);
-    EXPECT_TRUE(FForm->Changed);
+    EXPECT_TRUE(FScript.Data.Document.Changed());
     EXPECT_EQ(FForm->windowTitle(), "Lotmaster - a.lot");
     EXPECT_EQ(Front(), "SummaryViewForm");
 }
@@ -258,20 +258,20 @@ TEST_F(MainWindow, SaveThatFailsKeepsTheWindowAndTheFile) {
     Open(file);
     const std::string before = ReadBytes(file);
     EditFigure("lblName", "Changed");
-    FForm->Changed = true;
+    FScript.Data.Document.MarkChanged();
     fs::permissions(file, fs::perms::owner_read);
     FScript.User.Answers = {TlotAnswer::Yes};
     EXPECT_FALSE(Close());
     EXPECT_EQ(FScript.User.TakeTold(),
               "?: Do you want to save the changes you made to \"a.lot\"?|I: File is read-only.|");
     EXPECT_TRUE(ReadBytes(file) == before);
-    EXPECT_TRUE(FForm->Changed);
+    EXPECT_TRUE(FScript.Data.Document.Changed());
 
     // A folder that has gone: the failure is thrown, told at the top, and nothing is taken for saved.
     FScript.User.FileNames = {FScript.Folder.File("gone/b.lot")};
     Do(TlotAction::FileSaveAs);
     EXPECT_NE(FScript.User.TakeTold().find("gone/b.lot"), std::string::npos);
-    EXPECT_TRUE(FForm->Changed);
+    EXPECT_TRUE(FScript.Data.Document.Changed());
     EXPECT_EQ(FForm->windowTitle(), "Lotmaster - a.lot");
 }
 
@@ -287,7 +287,7 @@ TEST_F(MainWindow, NewTakesATemplateAndForgetsTheFile) {
     Do(TlotAction::FileNew);
     EXPECT_GT(FScript.Project().Units.Count(), 0);
     EXPECT_EQ(FScript.Project().StartDate, TestToday);
-    EXPECT_EQ(FScript.Data.FileName, "");
+    EXPECT_EQ(FScript.Data.FileName(), "");
 
     fs::copy_file(ExampleFile("mixed-use.lot"), folder + "Mixed.ltt");
     FScript.User.Template = 1;
@@ -299,7 +299,7 @@ TEST_F(MainWindow, NewTakesATemplateAndForgetsTheFile) {
     FScript.User.Template.reset();
     Do(TlotAction::FileNew);
     EXPECT_EQ(FScript.Project().Sections.Count(), 0) << "Cancel leaves a cleared project.";
-    EXPECT_EQ(FScript.Data.FileName, "");
+    EXPECT_EQ(FScript.Data.FileName(), "");
 
     // A damaged template must not leave a cleared project under the old file's name.
     Open(FScript.Folder.File("a.lot"));
@@ -307,7 +307,7 @@ TEST_F(MainWindow, NewTakesATemplateAndForgetsTheFile) {
     FScript.User.Template = 1;
     Do(TlotAction::FileNew);
     EXPECT_EQ(FScript.User.TakeTold().substr(0, 3), "E: ");
-    EXPECT_EQ(FScript.Data.FileName, "");
+    EXPECT_EQ(FScript.Data.FileName(), "");
     EXPECT_EQ(FForm->windowTitle(), "Lotmaster");
 }
 
@@ -324,9 +324,9 @@ TEST_F(MainWindow, CommandLineNamesAFile) {
                              {{"-syspath", "/some/folder"}, "", false},
                              {{"-x", "-syspath", "/some/folder", file, "scheme.txt"}, "", true}}) {
         Restart();
-        FForm->OpenArgument(row.Arguments);
+        FForm->Files().OpenArgument(row.Arguments);
         EXPECT_EQ(FScript.User.TakeTold(), row.Told);
-        EXPECT_EQ(FScript.Data.FileName == file, row.Opened);
+        EXPECT_EQ(FScript.Data.FileName() == file, row.Opened);
     }
 }
 

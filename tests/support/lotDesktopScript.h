@@ -23,6 +23,7 @@ public:
     std::string Told;    ///< "W: text|" for each message, by the first letter of its kind; "?: text|" for questions.
     std::string Offered; ///< "name|" for each template.
     std::deque<TlotAnswer> Answers;
+    TlotAnswer Proposed = TlotAnswer::Cancel; ///< The default button of the last Yes/No question.
     std::deque<std::optional<std::string>> FileNames;
     std::optional<std::size_t> Template;
     TlotFileQuestion LastFileQuestion;
@@ -41,6 +42,10 @@ public:
     TlotAnswer AskYesNoCancel(std::string_view text) override {
         Told += "?: " + std::string(text) + "|";
         return Next(Answers, TlotAnswer::Cancel);
+    }
+    bool DecideYesNo(std::string_view text, TlotAnswer proposed) override {
+        Proposed = proposed;
+        return AskYesNoCancel(text) == TlotAnswer::Yes;
     }
     std::optional<std::string> AskOpen(const TlotFileQuestion& question) override { return AskSave(question); }
     std::optional<std::string> AskSave(const TlotFileQuestion& question) override {
@@ -94,7 +99,7 @@ public:
           Report4(PointLocale),
           Reports(Data, App.Options, {LOTMASTER_REPORTS "/Reports/", LOTMASTER_REPORTS "/Reports4/"}, Report2, Report4,
                   &User),
-          Desktop{App, Data, Services(), User, User, User, Reports, User, PointLocale} {}
+          Desktop{App, Data, {Services(), User, User, User, User}, Reports, PointLocale} {}
 
     TTempFolder Folder;
     TScriptedUser User;

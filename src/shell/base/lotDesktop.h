@@ -7,19 +7,13 @@
 #include "app/datApp.h"
 #include "app/datProject.h"
 #include "app/datReport.h"
-#include "app/lotMailService.h"
 #include "app/lotServices.h"
-#include "app/lotTemplates.h"
 #include "common/vipNumber.h"
 
 struct TlotDesktop {
     TAppData& App;
     TProjectData& Data;
-    TlotServices Services;
-    TlotQuestionService& Questions;
-    TlotFileService& Files;
-    TlotTemplateChooser& Templates;
+    TlotDesktopServices Services;
     TReportData& Reports;
-    TlotMailService& Mail;
     TNumberLocale Locale; ///< Of the user.
 };

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/dialogs/frmEmail.h"
 
-#include "app/lotFailures.h"
 #include "shell/base/lotLook.h"
 
 #include <QCheckBox>
-#include <QHBoxLayout>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QProgressBar>
@@ -13,21 +12,16 @@
 #include <QVBoxLayout>
 
 TEmailForm::TEmailForm(TlotEmail& email, const TlotServices& services, QWidget* parent)
-    : QDialog(parent),
+    : TDialogForm({"EmailForm", "Email", "E-mail", "&Send"}, TDialogButtons::OkCancel, parent),
       FEmail(email),
       FServices(services),
-      chkProject(new QCheckBox("Project File (.lot)", this)),
+      FFields(*this, {}),
       lstReports(new QListWidget(this)),
-      Progress(new QProgressBar(this)),
-      btnSend(new QPushButton("&Send", this)),
-      btnCancel(new QPushButton("Cancel", this)) {
-    setWindowTitle("Email");
-    setObjectName("EmailForm");
-    chkProject->setObjectName("chkProject");
+      Progress(new QProgressBar(this)) {
     lstReports->setObjectName("lstReports");
     Progress->setObjectName("Progress");
-    btnSend->setObjectName("btnSend");
-    btnCancel->setObjectName("btnCancel");
+    DefaultButton().setObjectName("btnSend");
+    Buttons().button(QDialogButtonBox::Cancel)->setObjectName("btnCancel");
     lstReports->setAccessibleName("PDF reports");
     for (const char* const name : EmailReports) {
         auto* const item = new QListWidgetItem(name, lstReports);
@@ -38,8 +32,6 @@ TEmailForm::TEmailForm(TlotEmail& email, const TlotServices& services, QWidget* 
     Progress->setRange(0, 1);
     Progress->setValue(0);
     BuildLayout();
-    connect(btnSend, &QPushButton::clicked, this, [this] { Guarded([this] { Send(); }); });
-    connect(btnCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
 void TEmailForm::BuildLayout() {
@@ -56,54 +48,41 @@ void TEmailForm::BuildLayout() {
     Progress->setSizePolicy(kept);
     Progress->hide();
 
-    btnSend->setDefault(true);
-    btnCancel->setAutoDefault(false);
-    auto* const buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(btnSend);
-    buttons->addWidget(btnCancel);
-
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(look::Margin, look::Margin, look::Margin, look::Margin);
-    layout->setSpacing(look::Gap);
-    layout->addWidget(hint);
-    layout->addSpacing(look::SmallGap);
-    layout->addWidget(chkProject);
-    layout->addSpacing(look::SmallGap);
-    layout->addWidget(caption);
-    layout->addWidget(lstReports);
-    layout->addWidget(Progress);
-    layout->addSpacing(look::SmallGap);
-    layout->addLayout(buttons);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout()->setSpacing(look::Gap);
+    Body().addWidget(hint);
+    Body().addSpacing(look::SmallGap);
+    FFields.Check(Body(), {"Project File (.lot)", "chkProject"}, FChoice.ProjectFile);
+    Body().addSpacing(look::SmallGap);
+    Body().addWidget(caption);
+    Body().addWidget(lstReports);
+    Body().addWidget(Progress);
+    Body().addSpacing(look::SmallGap);
+    FixSize();
 }
 
-TEmailChoice TEmailForm::Choice() const {
-    TEmailChoice choice;
+void TEmailForm::TakeChoice() {
+    FFields.Store();
+    FChoice.Reports.clear();
     for (int i = 0; i < lstReports->count(); ++i) {
         if (lstReports->item(i)->checkState() == Qt::Checked) {
-            choice.Reports.push_back(lstReports->item(i)->text().toStdString());
+            FChoice.Reports.push_back(lstReports->item(i)->text().toStdString());
         }
     }
-    choice.ProjectFile = chkProject->isChecked();
-    return choice;
 }
 
-void TEmailForm::Send() {
-    const TEmailChoice choice = Choice();
-    if (choice.Count() == 0) {
+bool TEmailForm::Send() {
+    TakeChoice();
+    if (FChoice.Count() == 0) {
         FServices.Messages.Show(TlotMessageKind::Information, "Nothing selected.");
-        return;
+        return false;
     }
-    Progress->setRange(0, choice.Count());
+    Progress->setRange(0, FChoice.Count());
     Progress->setValue(0);
     Progress->show();
-    {
-        const TlotBusy busy(FServices.Busy);
-        FEmail.Send(choice, [this] {
-            Progress->setValue(Progress->value() + 1);
-            Progress->repaint(); // The loop of events stands still meanwhile.
-        });
-    }
-    accept();
+    const TlotBusy busy(FServices.Busy);
+    FEmail.Send(FChoice, [this] {
+        Progress->setValue(Progress->value() + 1);
+        Progress->repaint(); // The loop of events stands still meanwhile.
+    });
+    return true;
 }

@@ -5,35 +5,36 @@
 
 #include "app/lotEmail.h"
 #include "app/lotServices.h"
+#include "shell/base/lotDialog.h"
+#include "shell/base/lotFieldBinding.h"
 
-#include <QDialog>
-
-class QCheckBox;
 class QListWidget;
 class QProgressBar;
-class QPushButton;
 
-class TEmailForm : public QDialog {
+class TEmailForm : public TDialogForm {
     Q_OBJECT
 
 public:
     /// What is handed in must outlive it.
     TEmailForm(TlotEmail& email, const TlotServices& services, QWidget* parent = nullptr);
 
-    /// Sends what is ticked and closes; stays open where nothing is. Throws what sending throws.
-    void Send();
+    /// Sends what is ticked; false, the user being told, where nothing is. Throws what sending throws.
+    bool Send();
+
+protected:
+    /// The dialog stays open until something was sent.
+    [[nodiscard]] bool Store() override { return Send(); }
 
 private:
     void BuildLayout();
-    [[nodiscard]] TEmailChoice Choice() const;
+    void TakeChoice();
 
     TlotEmail& FEmail;
     TlotServices FServices;
+    TEmailChoice FChoice;
+    TFieldBinder FFields;
 
     // Owned by the dialog.
-    QCheckBox* chkProject;
     QListWidget* lstReports;
     QProgressBar* Progress;
-    QPushButton* btnSend;
-    QPushButton* btnCancel;
 };

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/dialogs/frmGoalSeek.h"
 
-#include "app/lotFailures.h"
+#include "shell/base/lotGuardedSlot.h"
 #include "shell/base/lotLook.h"
 #include "widgets/lotNumberEdit.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 #include <array>
 #include <string>
@@ -43,17 +41,17 @@ QLabel* Note(const QString& text, QWidget* parent) {
 
 TGoalSeekForm::TGoalSeekForm(TProjectData& projectData, TlotBusyService& busy, const TNumberLocale& locale,
                              TlotResidualTarget target, QWidget* parent)
-    : QDialog(parent), FData(projectData), FBusy(busy), FLocale(locale), ResidualTarget(new QComboBox(this)) {
-    setObjectName("GoalSeekForm");
-    setWindowTitle("Goal Seek");
-    auto* const form = new QFormLayout;
-    form->setLabelAlignment(Qt::AlignLeft);
-    form->setHorizontalSpacing(look::WideGap);
-    form->setVerticalSpacing(look::Gap);
+    : TDialogForm({"GoalSeekForm", "Goal Seek", "Goal Seek"}, TDialogButtons::OkCancel, parent),
+      FData(projectData),
+      FBusy(busy),
+      FLocale(locale),
+      ResidualTarget(new QComboBox(this)) {
+    Body().addWidget(Note("Press TAB to see changes", this));
+    QFormLayout& form = AddForm(Body());
     for (const TFieldRow& row : FieldRows) {
         const std::string_view caption = row.Caption.empty() ? MeasureInfo(row.Measure).FormCaption : row.Caption;
         FFields.push_back({row.Measure, AddField(row.Measure, row.Name)});
-        form->addRow(QUtf8StringView(caption).toString() + ':', FFields.back().Edit);
+        form.addRow(QUtf8StringView(caption).toString() + ':', FFields.back().Edit);
     }
 
     ResidualTarget->setObjectName("ResidualTarget");
@@ -63,23 +61,12 @@ TGoalSeekForm::TGoalSeekForm(TProjectData& projectData, TlotBusyService& busy, c
     const int index = static_cast<int>(target);
     ResidualTarget->setCurrentIndex(index < ResidualTarget->count() ? index : 0);
     ResidualTarget->setFixedWidth(FieldWidth);
-    form->addRow("Residual Target:", ResidualTarget);
+    form.addRow("Residual Target:", ResidualTarget);
 
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    FOkButton = buttons->button(QDialogButtonBox::Ok);
-    FOkButton->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &TGoalSeekForm::AcceptAll);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(look::Margin, look::Margin, look::Margin, look::Margin);
-    layout->setSpacing(look::Gap);
-    layout->addWidget(Note("Press TAB to see changes", this));
-    layout->addLayout(form);
-    layout->addSpacing(look::Gap);
-    layout->addWidget(Note("Press OK keep new Site Value, Cancel to revert", this));
-    layout->addWidget(buttons);
-    layout->setSizeConstraint(QLayout::SetFixedSize);
+    Body().addSpacing(look::Gap);
+    Body().addWidget(Note("Press OK keep new Site Value, Cancel to revert", this));
+    layout()->setSpacing(look::Gap);
+    FixSize();
     ShowMeasures();
     FFields.front().Edit->setFocus();
 }
@@ -101,14 +88,12 @@ TNumberEdit* TGoalSeekForm::AddField(TlotMeasure measure, const char* name) {
     auto* const field = new TNumberEdit(std::string(MeasureInfo(measure).Mask), FLocale, this);
     field->setObjectName(name);
     field->setFixedWidth(FieldWidth);
-    connect(field, &TNumberEdit::Left, this, [this, field, measure](bool changed) {
+    OnSignal(*field, &TNumberEdit::Left, *this, [this, field, measure](bool changed) {
         if (changed) {
-            FFailed = !Guarded([&] {
-                const TlotBusy busy(FBusy);
-                // A search that finds nothing answers 0, which then is the site value; what it computed last stays.
-                FData.Project().BaseValues.SiteValue.Amount = SiteValueFor(measure, field->Value());
-                ShowMeasures();
-            });
+            const TlotBusy busy(FBusy);
+            // A search that finds nothing answers 0, which then is the site value; what it computed last stays.
+            FData.Project().BaseValues.SiteValue.Amount = SiteValueFor(measure, field->Value());
+            ShowMeasures();
         }
     });
     return field;
@@ -117,13 +102,5 @@ TNumberEdit* TGoalSeekForm::AddField(TlotMeasure measure, const char* name) {
 void TGoalSeekForm::ShowMeasures() {
     for (const TField& field : FFields) {
         field.Edit->SetValue(MeasureInfo(field.Measure).ScenarioFigure(FData.Project()));
-    }
-}
-
-void TGoalSeekForm::AcceptAll() {
-    FFailed = false;
-    FOkButton->setFocus(); // So that the field being edited acts first.
-    if (!FFailed) {
-        accept();
     }
 }

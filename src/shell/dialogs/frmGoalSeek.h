@@ -8,15 +8,14 @@
 #include "app/lotServices.h"
 #include "common/vipNumber.h"
 #include "model/lotMeasures.h"
+#include "shell/base/lotDialog.h"
 
-#include <QDialog>
 #include <vector>
 
 class QComboBox;
-class QPushButton;
 class TNumberEdit;
 
-class TGoalSeekForm : public QDialog {
+class TGoalSeekForm : public TDialogForm {
     Q_OBJECT
 
 public:
@@ -37,15 +36,11 @@ private:
     /// Finds the site value that leaves what a field says, and leaves the project as the search does.
     double SiteValueFor(TlotMeasure measure, double wanted);
     void ShowMeasures();
-    void AcceptAll();
 
     TProjectData& FData;
     TlotBusyService& FBusy;
     TNumberLocale FLocale;
 
     std::vector<TField> FFields; ///< From the top down.
-    QComboBox* ResidualTarget;   ///< Owned by the dialog, as the button.
-    QPushButton* FOkButton = nullptr;
-
-    bool FFailed = false; ///< The field left last could not be solved for.
+    QComboBox* ResidualTarget;   ///< Owned by the dialog.
 };

@@ -85,6 +85,16 @@ THelpForm::THelpForm(QWidget* parent)
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
 }
 
+bool THelpForm::ShowTopic(const QString& heading) {
+    for (int i = 0; i < lstContents->count(); ++i) {
+        if (lstContents->item(i)->text().trimmed() == heading) {
+            lstContents->setCurrentRow(i);
+            return true;
+        }
+    }
+    return false;
+}
+
 void THelpForm::ListContents() {
     for (QTextBlock block = txtGuide->document()->begin(); block.isValid(); block = block.next()) {
         const int level = block.blockFormat().headingLevel();

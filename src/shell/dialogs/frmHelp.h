@@ -26,6 +26,9 @@ class THelpForm : public QWidget {
 public:
     explicit THelpForm(QWidget* parent = nullptr);
 
+    /// Goes to that heading; false, staying where it was, where the guide has none of that text.
+    bool ShowTopic(const QString& heading);
+
 private:
     void ListContents();
     void Find();

@@ -4,28 +4,20 @@
 #include "shell/base/lotLook.h"
 
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QListWidget>
 #include <QVBoxLayout>
 
 TSelectTemplateForm::TSelectTemplateForm(std::span<const std::string> names, QWidget* parent)
-    : QDialog(parent), lstTemplates(new QListWidget(this)) {
-    setObjectName("SelectTemplateForm");
-    setWindowTitle("Select Template");
+    : TDialogForm({"SelectTemplateForm", "Select Template", "Projects"}, TDialogButtons::OkCancel, parent),
+      lstTemplates(new QListWidget(this)) {
     lstTemplates->setObjectName("lstTemplates");
     for (const std::string& name : names) {
         lstTemplates->addItem(new QListWidgetItem(look::Icon("new"), QString::fromStdString(name)));
     }
     lstTemplates->setCurrentRow(0);
-    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(lstTemplates, &QListWidget::itemActivated, this, &QDialog::accept);
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(look::Margin, look::Margin, look::Margin, look::Margin);
-    layout->setSpacing(look::WideGap);
-    layout->addWidget(lstTemplates);
-    layout->addWidget(buttons);
+    lstTemplates->setAccessibleName("Templates");
+    connect(lstTemplates, &QListWidget::itemActivated, this, &TDialogForm::AcceptAll);
+    Body().addWidget(lstTemplates);
     resize(360, 320);
 }
 

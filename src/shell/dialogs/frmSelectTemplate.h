@@ -3,13 +3,17 @@
 // The choice of a template for a new project.
 #pragma once
 
-#include "app/lotTemplates.h"
+#include "app/lotServices.h"
+#include "shell/base/lotDialog.h"
 
-#include <QDialog>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string>
 
 class QListWidget;
 
-class TSelectTemplateForm : public QDialog {
+class TSelectTemplateForm : public TDialogForm {
     Q_OBJECT
 
 public:

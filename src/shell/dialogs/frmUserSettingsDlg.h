@@ -4,31 +4,21 @@
 #pragma once
 
 #include "persistence/lotUserSettings.h"
+#include "shell/base/lotDialog.h"
+#include "shell/base/lotFieldBinding.h"
 
-#include <QDialog>
-#include <initializer_list>
-
-class QComboBox;
-class QGridLayout;
-
-class TUserSettingsDlgForm : public QDialog {
+class TUserSettingsDlgForm : public TDialogForm {
     Q_OBJECT
 
 public:
-    explicit TUserSettingsDlgForm(const TlotUserSettings& settings, QWidget* parent = nullptr);
+    /// Edits a copy; OK puts it into `settings`, which outlives the dialog.
+    explicit TUserSettingsDlgForm(TlotUserSettings& settings, QWidget* parent = nullptr);
 
-    /// Copies what was chosen.
-    void Store(TlotUserSettings& settings) const;
+protected:
+    [[nodiscard]] bool Store() override;
 
 private:
-    struct TRow {
-        QComboBox* Name;
-        QComboBox* Size;
-    };
-    TRow AddRow(QGridLayout& grid, int row, const QString& caption, const QString& name, const TlotViewFont& font,
-                std::initializer_list<int> sizes);
-    static void StoreRow(const TRow& row, TlotViewFont& font);
-
-    TRow FCashflow; // Owned by the dialog.
-    TRow FTimescale;
+    TlotUserSettings& FSettings;
+    TlotUserSettings FDraft;
+    TFieldBinder FFields;
 };

@@ -3,7 +3,6 @@
 
 #include "shell/base/lotBranding.h"
 #include "shell/base/lotLook.h"
-#include "shell/base/lotViewPanel.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -76,7 +75,7 @@ QFrame* MakeCard(QWidget* content, QWidget* parent) {
 } // namespace
 
 THomeViewForm::THomeViewForm(const QString& brandingFolder, QWidget* parent)
-    : TViewForm(parent),
+    : TViewForm("Home", {}, parent), // its own main text stands in a card
       FFolder(brandingFolder),
       FLogo(new QLabel(this)),
       FWelcome(new TBrandingText(this)),
@@ -88,20 +87,15 @@ THomeViewForm::THomeViewForm(const QString& brandingFolder, QWidget* parent)
     FContact->setObjectName("txtContact");
 
     setObjectName("HomeViewForm");
-    auto* const panel = new TViewPanel("Home", this);
-    auto* const scroll = new QScrollArea(panel);
+    auto* const scroll = new QScrollArea(this);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidget(MakePage());
     scroll->widget()->setBackgroundRole(QPalette::Base);
     scroll->viewport()->setBackgroundRole(QPalette::Base);
-    panel->Body().setContentsMargins(0, 0, 0, 0);
-    panel->Body().addWidget(scroll);
-
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(panel);
+    Body().setContentsMargins(0, 0, 0, 0);
+    Body().addWidget(scroll);
 
     LoadLogo();
     LoadText(*FWelcome, "Welcome.html", WelcomeText());
@@ -150,11 +144,7 @@ void THomeViewForm::LoadLogo() {
 }
 
 void THomeViewForm::LoadText(TBrandingText& text, const QString& fileName, const QString& builtIn) {
-    text.OnLink = [this](const QString& target) {
-        if (OnLink) {
-            OnLink(target);
-        }
-    };
+    FollowLinks(text);
     if (const auto own = branding::Text(FFolder, fileName)) {
         text.SetText(*own, FFolder);
     } else {

@@ -13,12 +13,10 @@ class TBrandingText;
 
 class THomeViewForm : public TViewForm {
 public:
-    /// `brandingFolder`: the folder "Branding/Home" beside the program; it needn't exist. It is looked at once.
+    /// The links of the built-in texts are "units", "costs", "summary", "appraisal", "goalseek", "help" and "about"; a
+    /// firm's own texts may use the same. `brandingFolder`: the folder "Branding/Home" beside the program; it needn't
+    /// exist. It is looked at once.
     explicit THomeViewForm(const QString& brandingFolder, QWidget* parent = nullptr);
-
-    /// A link in one of the texts has been clicked. The built-in texts have "units", "costs", "summary", "appraisal",
-    /// "goalseek", "help" and "about"; a firm's own texts may use the same.
-    std::function<void(const QString& target)> OnLink;
 
 private:
     QWidget* MakePage();

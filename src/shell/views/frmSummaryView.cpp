@@ -2,7 +2,6 @@
 #include "shell/views/frmSummaryView.h"
 
 #include "shell/base/lotLook.h"
-#include "shell/base/lotViewPanel.h"
 #include "widgets/lotPieChart.h"
 
 #include <QFormLayout>
@@ -12,7 +11,7 @@
 #include <QVBoxLayout>
 
 TSummaryViewForm::TSummaryViewForm(const TProjectData& projectData, const TNumberLocale& locale)
-    : FData(projectData), FLocale(locale), FChart(new TPieChart(this)) {
+    : TViewForm("Summary"), FData(projectData), FLocale(locale), FChart(new TPieChart(this)) {
     setObjectName("SummaryViewForm");
     auto* const totals = new QGroupBox("Totals", this);
     auto* const totalsForm = new QFormLayout(totals);
@@ -33,15 +32,11 @@ TSummaryViewForm::TSummaryViewForm(const TProjectData& projectData, const TNumbe
     figures->addWidget(totals);
     figures->addWidget(finance);
     figures->addStretch();
-    auto* const panel = new TViewPanel("Summary", this);
     auto* const body = new QHBoxLayout;
     body->setSpacing(2 * look::WideGap);
     body->addLayout(figures);
     body->addWidget(FChart, 1);
-    panel->Body().addLayout(body, 1);
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(panel);
+    Body().addLayout(body, 1);
 }
 
 QLabel* TSummaryViewForm::AddFigure(QFormLayout& form, const QString& caption, const char* name) {

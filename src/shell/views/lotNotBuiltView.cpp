@@ -2,7 +2,6 @@
 #include "shell/views/lotNotBuiltView.h"
 
 #include "shell/base/lotLook.h"
-#include "shell/base/lotViewPanel.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -13,26 +12,20 @@ constexpr int PictureSize = 48;
 
 } // namespace
 
-TNotBuiltView::TNotBuiltView(const QString& screen, QWidget* parent) : TViewForm(parent) {
-    auto* const panel = new TViewPanel(screen, this);
-
-    auto* const picture = new QLabel(panel);
+TNotBuiltView::TNotBuiltView(const QString& screen, QWidget* parent) : TViewForm(screen, {}, parent) {
+    auto* const picture = new QLabel(this);
     picture->setPixmap(
         look::Icon("design").pixmap(QSize(PictureSize, PictureSize), devicePixelRatioF(), QIcon::Disabled));
     picture->setAlignment(Qt::AlignHCenter);
-    auto* const text = new QLabel(QString("The screen \"%1\" is not built yet.").arg(screen), panel);
+    auto* const text = new QLabel(QString("The screen \"%1\" is not built yet.").arg(screen), this);
     text->setObjectName("lblNotBuilt");
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
     text->setAlignment(Qt::AlignHCenter);
     look::SetTextColour(*text, look::Subdued());
 
-    panel->Body().addStretch(2);
-    panel->Body().addWidget(picture);
-    panel->Body().addWidget(text);
-    panel->Body().addStretch(3);
-
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(panel);
+    Body().addStretch(2);
+    Body().addWidget(picture);
+    Body().addWidget(text);
+    Body().addStretch(3);
 }
