@@ -61,6 +61,26 @@ TEST_F(HomeView, GettingStartedReadsAsItAlwaysDid) {
     }
 }
 
+TEST_F(HomeView, AnyViewMayBeHeadedByTheFirmsMainText) {
+    EXPECT_FALSE(TViewForm("Costs", FFolder.path()).HasFirmText());
+    Write("MAIN.html", "<p>Ask the <a href='units'>units</a> desk.</p><script>alert(1)</script>");
+    TViewForm view("Costs", FFolder.path());
+    ASSERT_TRUE(view.HasFirmText());
+    auto* const text = view.findChild<TBrandingText*>("txtFirmMain");
+    EXPECT_EQ(text->toPlainText(), "Ask the units desk.");
+    QString followed;
+    view.OnLink = [&](const QString& target) { followed = target; };
+    emit text->anchorClicked(QUrl("units"));
+    EXPECT_EQ(followed, "units");
+    EXPECT_FALSE(TViewForm("Timescale").HasFirmText());
+
+    Write("Main.html", "<p>" + QByteArray("A long tale.<br>").repeated(500) + "</p>");
+    TViewForm told("Costs", FFolder.path());
+    told.resize(800, 600);
+    told.show();
+    EXPECT_LT(told.findChild<QWidget*>("areaFirmText")->height(), 200) << "the view below keeps its room";
+}
+
 TEST_F(HomeView, FirmsTextsTakeThePlaceOfTheirOwnOnly) {
     const QString builtInMain = Text("txtMain");
     Write("Welcome.html", "<h1>Harrow &amp; Vale</h1>");

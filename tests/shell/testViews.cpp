@@ -6,6 +6,7 @@
 #include "shell/dialogs/frmSelectTemplate.h"
 #include "shell/dialogs/frmUserSettingsDlg.h"
 #include "shell/frmMain.h"
+#include "shell/lotQtServices.h"
 #include "shell/views/frmCashflowView.h"
 #include "shell/views/frmSummaryView.h"
 #include "support/lotDesktopScript.h"
@@ -18,6 +19,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -127,6 +129,29 @@ TEST_F(Views, TemplatesAreChosenByNameOrNotAtAll) {
     EXPECT_EQ(chooser.Choose(names), std::optional<std::size_t>(1));
     Answer<TSelectTemplateForm>([](auto& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
     EXPECT_EQ(chooser.Choose(names), std::nullopt);
+}
+
+TEST_F(Views, YesAndNoAreAnsweredByTheirDefaultAndClosingIsNo) {
+    struct TCase {
+        TlotAnswer Proposed;
+        Qt::Key Key;
+        bool Answer;
+    };
+    TQtQuestions questions;
+    for (const TCase& row : {TCase{TlotAnswer::Yes, Qt::Key_Return, true},
+                             {TlotAnswer::Yes, Qt::Key_Escape, false},
+                             {TlotAnswer::No, Qt::Key_Return, false},
+                             {TlotAnswer::No, Qt::Key_Y, true}}) {
+        Answer<QMessageBox>([&](auto& box) {
+            EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+            if (row.Key == Qt::Key_Y) {
+                box.button(QMessageBox::Yes)->click();
+            } else {
+                QTest::keyClick(&box, row.Key);
+            }
+        });
+        EXPECT_EQ(questions.AskYesNo("Delete <b>cost</b>?", row.Proposed), row.Answer);
+    }
 }
 
 TEST_F(Views, CommandsWithoutAScreenSaySoAndTheWayBackIsOpen) {

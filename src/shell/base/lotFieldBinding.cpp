@@ -4,17 +4,20 @@
 #include "shell/base/lotFieldWidgets.h"
 #include "shell/base/lotGuardedSlot.h"
 #include "shell/base/lotLook.h"
+#include "widgets/lotChoiceEdit.h"
 #include "widgets/lotNumberEdit.h"
+#include "widgets/lotSpinEdit.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSpinBox>
 #include <memory>
+#include <type_traits>
 #include <utility>
 
 namespace {
@@ -105,64 +108,74 @@ void TFieldBinder::Add(const TFieldPlace& place, const TFieldTexts& texts, QWidg
     FLoading = false;
 }
 
-TNumberEdit& TFieldBinder::Number(const TFieldPlace& place, const TFieldTexts& texts, double& value, const char* mask) {
-    auto* const edit = new TNumberEdit(mask, FLocale, &FOwner);
+/// For the fields of numbers, which know by themselves whether they were touched.
+template <typename TEdit>
+void TFieldBinder::AddPosted(const TFieldPlace& place, const TFieldTexts& texts, TEdit& edit,
+                             const std::function<double()>& get, const std::function<void(double)>& set) {
     const auto touched = std::make_shared<bool>(false);
-    OnSignal(*edit, &TNumberEdit::Left, FConnections, [this, touched](bool changed) {
+    OnSignal(edit, &TEdit::Left, FConnections, [this, touched](bool changed) {
         if (changed) {
             *touched = true;
             Touched();
         }
     });
     Add(
-        place, texts, *edit,
-        [=, &value] {
-            edit->SetValue(value);
+        place, texts, edit,
+        [=, &edit] {
+            edit.SetValue(get());
             *touched = false;
         },
-        [=, &value] {
-            *touched = edit->Post() || *touched;
+        [=, &edit] {
+            *touched = edit.Post() || *touched;
             if (*touched) {
-                value = edit->Value();
+                set(edit.Value());
             }
         });
+}
+
+TNumberEdit& TFieldBinder::Number(const TFieldPlace& place, const TFieldTexts& texts, double& value, const char* mask) {
+    auto* const edit = new TNumberEdit(mask, FLocale, &FOwner);
+    AddPosted(
+        place, texts, *edit, [&value] { return value; }, [&value](double number) { value = number; });
     return *edit;
+}
+
+template <typename TShow, typename TRead, typename TSet>
+void TFieldBinder::AddCompared(const TFieldPlace& place, const TFieldTexts& texts, QWidget& widget, TShow show,
+                               TRead read, TSet set) {
+    const auto shown = std::make_shared<std::decay_t<decltype(read())>>();
+    Add(
+        place, texts, widget,
+        [=] {
+            show();
+            *shown = read();
+        },
+        [=] {
+            if (auto now = read(); now != *shown) {
+                set(std::move(now));
+            }
+        });
 }
 
 QLineEdit& TFieldBinder::Text(const TFieldPlace& place, const TFieldTexts& texts, std::string& value) {
     auto* const edit = new QLineEdit(&FOwner);
-    const auto shown = std::make_shared<QString>();
     OnSignal(*edit, &QLineEdit::textEdited, FConnections, [this] { Touched(); });
-    Add(
+    AddCompared(
         place, texts, *edit,
         [=, &value] {
             edit->setText(QString::fromStdString(value));
             edit->setCursorPosition(0);
-            *shown = edit->text();
         },
-        [=, &value] {
-            if (edit->text() != *shown) {
-                value = edit->text().toStdString();
-            }
-        });
+        [=] { return edit->text(); }, [&value](const QString& text) { value = text.toStdString(); });
     return *edit;
 }
 
 TMemoEdit& TFieldBinder::Memo(const TFieldPlace& place, const TFieldTexts& texts, std::string& value) {
     auto* const edit = new TMemoEdit(&FOwner);
-    const auto shown = std::make_shared<std::string>();
     OnSignal(*edit, &TMemoEdit::textChanged, FConnections, [this] { Touched(); });
-    Add(
-        place, texts, *edit,
-        [=, &value] {
-            edit->SetText(value);
-            *shown = edit->Text();
-        },
-        [=, &value] {
-            if (std::string text = edit->Text(); text != *shown) {
-                value = std::move(text);
-            }
-        });
+    AddCompared(
+        place, texts, *edit, [=, &value] { edit->SetText(value); }, [=] { return edit->Text(); },
+        [&value](std::string text) { value = std::move(text); });
     return *edit;
 }
 
@@ -174,68 +187,32 @@ QCheckBox& TFieldBinder::Check(const TFieldPlace& place, const TFieldTexts& text
     return *box;
 }
 
-QComboBox& TFieldBinder::AddChoice(const TFieldPlace& place, const TFieldTexts& texts, const QStringList& choices,
-                                   const std::function<std::int64_t()>& get, const std::function<void(int)>& set) {
-    auto* const box = new QComboBox(&FOwner);
-    box->addItems(choices);
-    const auto shown = std::make_shared<int>(-1);
-    OnSignal(*box, &QComboBox::currentIndexChanged, FConnections, [this] { Touched(); });
-    Add(
-        place, texts, *box,
-        [=] {
-            const std::int64_t index = get();
-            *shown = index >= 0 && index < box->count() ? static_cast<int>(index) : -1;
-            box->setCurrentIndex(*shown);
-        },
-        [=] {
-            if (box->currentIndex() != *shown) {
-                set(box->currentIndex());
-            }
-        });
-    return *box;
+TChoiceEdit& TFieldBinder::AddChoice(const TFieldPlace& place, const TFieldTexts& texts, const QStringList& choices,
+                                     const std::function<int()>& get, const std::function<void(int)>& set) {
+    auto* const edit = new TChoiceEdit(&FOwner);
+    edit->SetChoices(choices);
+    OnSignal(*edit, &TChoiceEdit::Chosen, FConnections, [this] { Touched(); });
+    AddCompared(
+        place, texts, *edit, [=] { edit->SetIndex(get()); }, [=] { return edit->Index(); }, set);
+    return *edit;
 }
 
-QComboBox& TFieldBinder::TextChoice(const TFieldPlace& place, const TFieldTexts& texts, std::string& value,
-                                    const QStringList& choices) {
-    auto* const box = new QComboBox(&FOwner);
-    box->addItems(choices);
-    const auto shown = std::make_shared<int>(-1);
-    OnSignal(*box, &QComboBox::currentIndexChanged, FConnections, [this] { Touched(); });
-    Add(
-        place, texts, *box,
-        [=, &value] {
-            const QString text = QString::fromStdString(value);
-            *shown = box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
-            box->setPlaceholderText(text);
-            box->setCurrentIndex(*shown);
-        },
-        [=, &value] {
-            if (box->currentIndex() != *shown) {
-                value = box->currentText().toStdString();
-            }
-        });
-    return *box;
+TChoiceEdit& TFieldBinder::TextChoice(const TFieldPlace& place, const TFieldTexts& texts, std::string& value,
+                                      const QStringList& choices) {
+    auto* const edit = new TChoiceEdit(&FOwner);
+    edit->SetChoices(choices);
+    OnSignal(*edit, &TChoiceEdit::Chosen, FConnections, [this] { Touched(); });
+    AddCompared(
+        place, texts, *edit, [=, &value] { edit->SetText(QString::fromStdString(value)); },
+        [=] { return edit->Text(); }, [&value](const QString& text) { value = text.toStdString(); });
+    return *edit;
 }
 
-QWidget& TFieldBinder::AddSpin(const TFieldPlace& place, const TFieldTexts& texts, int minimum, int maximum,
-                               const std::function<double()>& get, const std::function<void(double)>& set) {
-    auto* const spin = new QSpinBox(&FOwner);
-    spin->setRange(minimum, maximum);
-    const auto shown = std::make_shared<int>(0);
-    OnSignal(*spin, &QSpinBox::valueChanged, FConnections, [this] { Touched(); });
-    Add(
-        place, texts, *spin,
-        [=] {
-            spin->setValue(static_cast<int>(get()));
-            *shown = spin->value();
-        },
-        [=] {
-            spin->interpretText();
-            if (spin->value() != *shown) {
-                set(spin->value());
-            }
-        });
-    return *spin;
+TSpinEdit& TFieldBinder::AddSpin(const TFieldPlace& place, const TFieldTexts& texts, int minimum, int maximum,
+                                 const std::function<double()>& get, const std::function<void(double)>& set) {
+    auto* const edit = new TSpinEdit(minimum, maximum, &FOwner, FLocale);
+    AddPosted(place, texts, *edit, get, set);
+    return *edit;
 }
 
 QDateEdit& TFieldBinder::Date(const TFieldPlace& place, const TFieldTexts& texts, double& value) {
@@ -245,20 +222,14 @@ QDateEdit& TFieldBinder::Date(const TFieldPlace& place, const TFieldTexts& texts
     edit->setCalendarPopup(true);
     edit->setDateRange(DayNought, LastDay);
     edit->setSpecialValueText(" ");
-    const auto shown = std::make_shared<QDate>();
     OnSignal(*edit, &QDateEdit::dateChanged, FConnections, [this] { Touched(); });
-    Add(
-        place, texts, *edit,
-        [=, &value] {
-            edit->setDate(ToDate(value));
-            *shown = edit->date();
-        },
-        [=, &value] {
+    AddCompared(
+        place, texts, *edit, [=, &value] { edit->setDate(ToDate(value)); },
+        [=] {
             edit->interpretText();
-            if (edit->date() != *shown) {
-                value = static_cast<double>(DayNought.daysTo(edit->date()));
-            }
-        });
+            return edit->date();
+        },
+        [&value](QDate date) { value = static_cast<double>(DayNought.daysTo(date)); });
     return *edit;
 }
 
@@ -273,19 +244,10 @@ TColourEdit& TFieldBinder::Colour(const TFieldPlace& place, const TFieldTexts& t
 TFileEdit& TFieldBinder::File(const TFieldPlace& place, const TFieldTexts& texts, std::string& value,
                               TlotFileService& files, const TlotFileQuestion& question) {
     auto* const edit = new TFileEdit(files, question, &FOwner);
-    const auto shown = std::make_shared<std::string>();
     OnSignal(*edit, &TFileEdit::Changed, FConnections, [this] { Touched(); });
-    Add(
-        place, texts, *edit,
-        [=, &value] {
-            edit->SetFileName(value);
-            *shown = edit->FileName();
-        },
-        [=, &value] {
-            if (std::string name = edit->FileName(); name != *shown) {
-                value = std::move(name);
-            }
-        });
+    AddCompared(
+        place, texts, *edit, [=, &value] { edit->SetFileName(value); }, [=] { return edit->FileName(); },
+        [&value](std::string name) { value = std::move(name); });
     edit->Edit().setAccessibleName(edit->accessibleName());
     return *edit;
 }
@@ -302,6 +264,7 @@ TFontEdit& TFieldBinder::Font(const TFieldPlace& place, const TFieldTexts& texts
             *shown = edit->Font();
         },
         [=, &value] {
+            // Each by itself: this machine may spell the name of a font that it has in other letters.
             const TlotViewFont font = edit->Font();
             if (font.Name != shown->Name) {
                 value.Name = font.Name;

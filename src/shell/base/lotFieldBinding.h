@@ -21,18 +21,19 @@
 
 class QBoxLayout;
 class QCheckBox;
-class QComboBox;
 class QDateEdit;
 class QFormLayout;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QWidget;
+class TChoiceEdit;
 class TColourEdit;
 class TFileEdit;
 class TFontEdit;
 class TMemoEdit;
 class TNumberEdit;
+class TSpinEdit;
 
 /// What a field says of itself.
 struct TFieldTexts {
@@ -75,17 +76,17 @@ public:
     QCheckBox& Check(const TFieldPlace& place, const TFieldTexts& texts, bool& value);
     /// The value, of an enumeration or a whole number, is an index of the choices; one beyond them shows as none.
     template <typename TValue>
-    QComboBox& Choice(const TFieldPlace& place, const TFieldTexts& texts, TValue& value, const QStringList& choices) {
+    TChoiceEdit& Choice(const TFieldPlace& place, const TFieldTexts& texts, TValue& value, const QStringList& choices) {
         return AddChoice(
-            place, texts, choices, [&value] { return static_cast<std::int64_t>(value); },
+            place, texts, choices, [&value] { return static_cast<int>(value); },
             [&value](int index) { value = static_cast<TValue>(index); });
     }
     /// The value is one of the choices, or any other text, which shows until another is chosen.
-    QComboBox& TextChoice(const TFieldPlace& place, const TFieldTexts& texts, std::string& value,
-                          const QStringList& choices);
+    TChoiceEdit& TextChoice(const TFieldPlace& place, const TFieldTexts& texts, std::string& value,
+                            const QStringList& choices);
     /// A whole number, clamped where it is typed beyond the bounds.
     template <typename TValue>
-    QWidget& Spin(const TFieldPlace& place, const TFieldTexts& texts, TValue& value, int minimum, int maximum) {
+    TSpinEdit& Spin(const TFieldPlace& place, const TFieldTexts& texts, TValue& value, int minimum, int maximum) {
         return AddSpin(
             place, texts, minimum, maximum, [&value] { return static_cast<double>(value); },
             [&value](double number) { value = static_cast<TValue>(number); });
@@ -120,13 +121,21 @@ private:
         std::function<void()> Store;
     };
 
-    QComboBox& AddChoice(const TFieldPlace& place, const TFieldTexts& texts, const QStringList& choices,
-                         const std::function<std::int64_t()>& get, const std::function<void(int)>& set);
-    QWidget& AddSpin(const TFieldPlace& place, const TFieldTexts& texts, int minimum, int maximum,
-                     const std::function<double()>& get, const std::function<void(double)>& set);
+    TChoiceEdit& AddChoice(const TFieldPlace& place, const TFieldTexts& texts, const QStringList& choices,
+                           const std::function<int()>& get, const std::function<void(int)>& set);
+    TSpinEdit& AddSpin(const TFieldPlace& place, const TFieldTexts& texts, int minimum, int maximum,
+                       const std::function<double()>& get, const std::function<void(double)>& set);
     /// Names and places the widget and keeps its two ways. `captioned`: it shows its caption itself.
     void Add(const TFieldPlace& place, const TFieldTexts& texts, QWidget& widget, std::function<void()> load,
              std::function<void()> store, bool captioned = false);
+    /// The same for a widget that shows a value in a form of its own: `set` gets what it reads, once that differs from
+    /// what it read after loading.
+    template <typename TShow, typename TRead, typename TSet>
+    void AddCompared(const TFieldPlace& place, const TFieldTexts& texts, QWidget& widget, TShow show, TRead read,
+                     TSet set);
+    template <typename TEdit>
+    void AddPosted(const TFieldPlace& place, const TFieldTexts& texts, TEdit& edit, const std::function<double()>& get,
+                   const std::function<void(double)>& set);
     void Touched() const;
 
     QWidget& FOwner;

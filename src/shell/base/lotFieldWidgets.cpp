@@ -59,6 +59,7 @@ void TMemoEdit::SetText(const std::string& text) {
 
 TColourEdit::TColourEdit(QWidget* parent) : QPushButton(parent) {
     setIconSize(SwatchSize);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     SetColour(0);
     OnSignal(*this, &QPushButton::clicked, *this, [this] { Choose(); });
 }

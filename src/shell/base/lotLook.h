@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// The one place for the program's colours, fonts, spacing and icons. Screens take them from here and set none of their
-// own.
+// The one place from which screens take colours, fonts, spacing and icons; they set none of their own.
 #pragma once
+
+#include "widgets/lotPalette.h"
 
 #include <QColor>
 #include <QFont>
@@ -22,13 +23,15 @@ inline constexpr int WideGap = 16;  ///< Between groups of fields.
 inline constexpr int Margin = 16;   ///< Around the contents of a panel or dialog.
 inline constexpr int IconSize = 20; ///< On buttons and in the navigation column.
 
-// Colours with a meaning. All others are roles of the palette.
-[[nodiscard]] QColor Missing();    ///< What is missing or negative: red.
-[[nodiscard]] QColor Accent();     ///< The firm colour of headings, the selection and the navigation column's mark.
-[[nodiscard]] QColor AccentTint(); ///< Behind what the mouse is over, and behind the current view's entry.
-[[nodiscard]] QColor Subdued();    ///< Captions beside figures, hints.
-[[nodiscard]] QColor Rule();       ///< Hair lines between areas.
-[[nodiscard]] QColor Band();       ///< Every second row of a list.
+// Colours with a meaning, as widgets have them. All others are roles of the palette.
+using colour::Accent;
+using colour::AccentTint;
+using colour::Band;
+using colour::Missing;
+using colour::NotApplying;
+using colour::Rule;
+using colour::Subdued;
+using colour::Tinted;
 
 [[nodiscard]] QFont TextFont();
 [[nodiscard]] QFont HeadingFont(); ///< Of a panel's caption.
