@@ -14,14 +14,14 @@ TlotMessageService*& Teller() {
     return teller;
 }
 
-/// Failures told since the program began.
+/// Of failures since the program began.
 std::size_t& Count() noexcept {
     static std::size_t count = 0;
     return count;
 }
 
 void Tell(const std::string& text) {
-    ++Count();
+    NoteFailure();
     if (TlotMessageService* const teller = Teller()) {
         teller->Show(TlotMessageKind::Error, text);
     } else {
@@ -30,6 +30,10 @@ void Tell(const std::string& text) {
 }
 
 } // namespace
+
+void NoteFailure() noexcept {
+    ++Count();
+}
 
 bool Guarded(const std::function<void()>& work) {
     try {

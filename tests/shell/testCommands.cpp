@@ -8,8 +8,11 @@
 #include "widgets/lotClickLabel.h"
 #include "widgets/lotNumberEdit.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -39,6 +42,8 @@ public:
 
     std::function<void()> OnLeave;
 
+    using TViewForm::AddCommand;
+    using TViewForm::AddTool;
     [[nodiscard]] QVBoxLayout& Contents() { return Body(); }
 
 private:
@@ -249,6 +254,36 @@ TEST_F(Commands, AFieldInEditActsAndKeepsTheFocus) {
     field->clearFocus();
     EXPECT_EQ(taken, 12.345);
     EXPECT_EQ(field->Value(), 12.345);
+}
+
+TEST_F(Commands, ACellInEditActsAndItsGridKeepsTheFocus) {
+    auto* const grid = new QTableWidget(1, 1, &Now());
+    auto* const cell = new QTableWidgetItem("before");
+    grid->setItem(0, 0, cell);
+    Now().Contents().addWidget(grid);
+    grid->show();
+    FForm->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == FForm.get(); }));
+    const auto type = [&](const char* text) {
+        grid->setFocus();
+        grid->editItem(cell);
+        QTest::keyClicks(grid->findChild<QLineEdit*>(), text);
+    };
+    type("after");
+    EXPECT_EQ(cell->text(), "before");
+    Do(TlotAction::HelpAbout);
+    EXPECT_EQ(cell->text(), "after");
+    EXPECT_TRUE(grid->hasFocus());
+}
+
+TEST_F(Commands, AViewsOwnCommandsEndTheEditToo) {
+    QAction& command = Now().AddCommand({"actAdd", "Add", "Add one"}, [this] { FLog += "add "; });
+    QPushButton& tool = Now().AddTool({"btnFail", "Fail", "Fail"}, [] { throw ELotError("no"); });
+    FLog.clear();
+    command.trigger();
+    tool.click();
+    EXPECT_EQ(TakeLog(), "Now.EndEdit add Now.EndEdit ");
+    EXPECT_EQ(FScript.User.TakeTold(), "E: no|");
 }
 
 TEST_F(Commands, ViewsMarkTheProjectAsTheirRowSays) {

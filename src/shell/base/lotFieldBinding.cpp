@@ -16,6 +16,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <memory>
 #include <type_traits>
 #include <utility>
@@ -103,9 +104,8 @@ void TFieldBinder::Add(const TFieldPlace& place, const TFieldTexts& texts, QWidg
     }
     place.Put(label, placed);
     FFields.push_back({&widget, label, unit, std::move(load), std::move(store)});
-    FLoading = true;
+    const QScopedValueRollback<bool> loading(FLoading, true);
     FFields.back().Load();
-    FLoading = false;
 }
 
 /// For the fields of numbers, which know by themselves whether they were touched.
@@ -279,11 +279,10 @@ TFontEdit& TFieldBinder::Font(const TFieldPlace& place, const TFieldTexts& texts
 }
 
 void TFieldBinder::Load() {
-    FLoading = true;
+    const QScopedValueRollback<bool> loading(FLoading, true);
     for (const TField& field : FFields) {
         field.Load();
     }
-    FLoading = false;
 }
 
 void TFieldBinder::Store() {
