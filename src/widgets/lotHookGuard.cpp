@@ -35,6 +35,7 @@ bool THookGuard::RunLater(const std::function<void()>& work) {
 }
 
 void THookGuard::Note(std::exception_ptr failure) {
+    NoteFailure(); // A dialog that is being closed must know before the box comes.
     if (!FFailure) {
         FFailure = std::move(failure);
     }

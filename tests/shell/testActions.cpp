@@ -80,7 +80,7 @@ TEST_F(MainActions, ViewsAndScreensComeToTheFront) {
         EXPECT_NE(&FForm->Views().FrontView(), before) << name << ": a view of its own";
         before = &FForm->Views().FrontView();
     }
-    EXPECT_FALSE(FForm->Changed);
+    EXPECT_FALSE(FScript.Data.Document.Changed());
 }
 
 TEST_F(MainActions, DialogsOpenAndLetGo) {
@@ -88,7 +88,7 @@ TEST_F(MainActions, DialogsOpenAndLetGo) {
     EXPECT_EQ(Dialog("ToolsUserSettings"), "User Settings");
     EXPECT_EQ(Dialog("FileEmail"), "Email");
     EXPECT_EQ(Dialog("HelpAbout"), "About Lotmaster");
-    EXPECT_FALSE(FForm->Changed);
+    EXPECT_FALSE(FScript.Data.Document.Changed());
 }
 
 TEST_F(MainActions, WhatIsOutOfSightWorksAllTheSame) {
