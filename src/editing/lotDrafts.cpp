@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editing/lotDrafts.h"
 
+#include <vector>
+
 TlotProjectDraft::TlotProjectDraft(const TlotProject& project)
     : Terms(project),
       SiteValue(project.BaseValues.SiteValue.Amount),
@@ -14,6 +16,11 @@ void TlotProjectDraft::Store(TlotProject& project) const {
     project.Funding.EquitySource = EquitySource;
     static_cast<TlotEquityTerms&>(project.Equity) = Equity;
     static_cast<TlotInflationTerms&>(project.Inflation) = Inflation;
+}
+
+void TlotOptionsDraft::Store(TlotOptions& options) const {
+    options = Options;
+    std::erase_if(options.Zoning, [](const TlotZone& zone) { return zone.Name.empty() && zone.Percent == 0; });
 }
 
 TlotUnitDraft::TlotUnitDraft(TlotUnit& unit) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "model/lotProject.h"
+#include "persistence/lotOptions.h"
 
 #include <string>
 
@@ -23,6 +24,17 @@ public:
     void Store(TlotProject& project) const;
 
     friend bool operator==(const TlotProjectDraft&, const TlotProjectDraft&) = default;
+};
+
+/// The options, which a dialog loads from disk and saves itself.
+class TlotOptionsDraft {
+public:
+    explicit TlotOptionsDraft(const TlotOptions& options) : Options(options) {}
+
+    TlotOptions Options; ///< Its zoning as a grid edits it, with rows that hold nothing.
+
+    /// Rows of the zoning with neither a name nor a percentage are left out.
+    void Store(TlotOptions& options) const;
 };
 
 /// One unit as a working copy, which computes as a unit does.

@@ -47,8 +47,9 @@ public:
     /// Fills everything from Cashflow; `adjust` may be null. Its rate is not added to the credit rate.
     void Calculate(const TlotAdjust* adjust);
 
-    /// Sets the debit rate to 0 and empties Interest, CashflowIncludingInterest and Cashflow. The rest stands still, so
-    /// a project with an equity source loses its debit rate at its first calculation: deliberate.
+    /// Sets the debit rate to 0 and empties Interest, CashflowIncludingInterest and Cashflow. Balance, NPV, IRR and the
+    /// totals keep their figures. So a project with an equity source loses its debit rate at its first calculation:
+    /// deliberate.
     void ClearResults();
 
 private:

@@ -167,7 +167,8 @@ void TlotLoanCalcLinked::RunMonths(TlotCashflowItem& inflow, double rateAdjustme
             FLoan.Borrowing.SetValue(i, drawn);
             FLoan.TotalBorrowed += drawn;
         }
-        // Also in a month of part repayment, where the source joins the debt without showing as a drawing: kept.
+        // In a month of part repayment too: the source joins the debt there without being shown as drawn or counted as
+        // borrowed. Deliberate.
         balance -= drawn;
         if (balance < 0 && !feeCharged) {
             balance = ChargeFee(i, balance);

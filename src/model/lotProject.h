@@ -75,7 +75,8 @@ public:
         VisitReports(visit);
     }
 
-    /// Empties the inputs for another project and leaves the settings that outlive one: deliberately a part of them.
+    /// Empties units, costs, loans and the terms marked as Cleared, for another project. The other settings (targets,
+    /// bounds, what reports show, inflation) stay as they are, deliberately.
     void Clear(double today);
 
     /// The same project once more, with all that calculations have left in it and what the next pass reads of it: the

@@ -255,7 +255,7 @@ void TlotProject::CalculateMeasures() {
     b.ProfitOnGDV = Percent(b.Profit, GDV);
     b.ProfitOnNDV = Percent(b.Profit, NDV);
     b.SiteValueOnGDV = Percent(b.SiteValue.Amount, GDV);
-    // The divisor is TDC by another road; as written, for the sake of rounding.
+    // NDV - Profit equals TDC but for rounding; figures printed so far rest on this form.
     b.RentalYield = Percent(b.GrossRent.Amount, NDV - b.Profit);
     b.RentalCover = CoverMonths(b.Profit, b.GrossRent.Amount);
     b.InterestCover = CoverMonths(b.Profit, TotalInterest);

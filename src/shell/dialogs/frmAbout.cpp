@@ -89,7 +89,7 @@ void TAboutForm::BecomeSplash(std::chrono::milliseconds duration) {
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setModal(false);
-    // A splash must not be what keeps the program alive, nor what ends it.
+    // The program ends with its last window: this one is not to count, neither while it is open nor when it closes.
     setAttribute(Qt::WA_QuitOnClose, false);
 
     FTimer->setSingleShot(true);
@@ -101,14 +101,14 @@ void TAboutForm::BecomeSplash(std::chrono::milliseconds duration) {
     const QRect around = overParent ? parentWidget()->window()->frameGeometry() : screen()->availableGeometry();
     move(around.center() - rect().center());
     show();
-    // Its time is the time that it can be seen: showing it may itself take long on a busy machine.
+    // The clock starts once it is shown, since showing it may take long on a busy machine.
     FTimer->start(duration);
 }
 
 bool TAboutForm::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
         qApp->removeEventFilter(this);
-        // Not within the event: the splash itself may be what it goes to.
+        // Closed after the event, which may be on its way to this window.
         QTimer::singleShot(0, this, &QWidget::close);
     }
     return QDialog::eventFilter(watched, event);

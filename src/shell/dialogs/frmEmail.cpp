@@ -82,7 +82,7 @@ bool TEmailForm::Send() {
     const TlotBusy busy(FServices.Busy);
     FEmail.Send(FChoice, [this] {
         Progress->setValue(Progress->value() + 1);
-        Progress->repaint(); // The loop of events stands still meanwhile.
+        Progress->repaint(); // Nothing else repaints while the work runs.
     });
     return true;
 }

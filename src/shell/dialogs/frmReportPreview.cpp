@@ -186,7 +186,7 @@ void TReportPreviewForm::Save(const char* extension, const char* filter, TlotExp
     if (!file) {
         return;
     }
-    // Whoever writes the newer workbook's extension wants one.
+    // A name typed with the newer extension asks for the newer format, whatever format is chosen in the list.
     const bool newer = format == TlotExportFormat::Xls && ExportFormatOf(*file) == TlotExportFormat::Xlsx;
     const TlotBusy busy(FContext.Services.Busy);
     const TgxFR4Preview& preview = FContext.Preview;
@@ -250,7 +250,7 @@ void TReportPreviewForm::keyPressEvent(QKeyEvent* event) {
         return;
     }
     if (enter) {
-        return; // No button here is the default.
+        return; // Enter would press the first button: this dialog has no default one.
     }
     QDialog::keyPressEvent(event);
 }
