@@ -46,7 +46,8 @@ std::vector<double> Cumulative(std::span<const double> weights) {
 void ApplyShape(TlotCashflowItem& line, int start, std::span<const double> weights) {
     line.ResetToLevel();
     line.Start = start;
+    const int first = std::max(start, 0); // Where a calculation moves a straight line that starts before it.
     for (std::size_t i = 0; i < weights.size(); ++i) {
-        line.SetPortion(start + static_cast<int>(i), weights[i]);
+        line.SetPortion(first + static_cast<int>(i), weights[i]);
     }
 }

@@ -19,6 +19,7 @@ void BuildShape(TlotShape shape, int months, double retention, std::vector<doubl
 /// The running sum of weights, as many.
 [[nodiscard]] std::vector<double> Cumulative(std::span<const double> weights);
 
-/// Lays the weights over the line from `start` on, in place of whatever shape it had. Its Period stays: the weights
-/// rule while they are there. Without weights it is a straight line from `start`.
+/// Lays the weights over the line from `start` on, in place of whatever shape it had; from the first month where
+/// `start` lies before it. Its Period stays: the weights rule while they are there. Without weights it is a straight
+/// line from `start`.
 void ApplyShape(TlotCashflowItem& line, int start, std::span<const double> weights);

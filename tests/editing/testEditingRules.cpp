@@ -68,6 +68,12 @@ TEST(Shapes, AreTheirTables) {
     ApplyShape(line, 1, {});
     line.Spread();
     EXPECT_EQ(line.Values, TlotDoubles({0, 15, 15, 15, 15})) << "without a shape a straight line again";
+    for (const auto& [weights, values] : {std::pair(std::vector<double>{1, 2, 3}, TlotDoubles({10, 20, 30})),
+                                          std::pair(std::vector<double>{}, TlotDoubles({15, 15, 15, 15}))}) {
+        ApplyShape(line, -2, weights);
+        line.Spread();
+        EXPECT_EQ(line.Values, values) << "a start before the first month is mended to it";
+    }
     EXPECT_EQ(Cumulative(std::vector<double>{1, 2, 3}), (std::vector<double>{1, 3, 6}));
 }
 
