@@ -23,7 +23,8 @@ public:
         : FContext(context), FElement(element), FObject(object) {}
 
     template <class Place> void operator()(const TlotFieldInfo& field, Place place) const {
-        if (FContext.Version >= field.Since) {
+        // A file may say that it is older than the first version: what has always been there is read all the same.
+        if (field.Since == 0 || FContext.Version >= field.Since) {
             Read(field, FieldAt(FObject, place));
         }
     }

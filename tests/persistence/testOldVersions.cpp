@@ -84,6 +84,7 @@ TEST(OldVersions, EachFormEndsAtItsVersion) {
     const std::pair<const char*, std::string> cases[] = {
         {"", oldest + "5/6/1" + byNumber + spread},
         {"latest", oldest + "0/0/1" + byNumber + spread},
+        {"-1", oldest + "0/0/1" + byNumber + spread},
         {"0.8999", oldest + "0/0/1" + byNumber + spread},
         {"0.9", later + "0/0/1" + byNumber + spread},
         {"1.9999", later + "0/0/1" + byNumber + spread},
