@@ -42,7 +42,7 @@ public:
     /// nothing done, where there is no such place.
     bool Move(int index, int step) {
         const std::size_t from = Checked(index);
-        if (!Holds(index + step)) {
+        if (step < -index || step >= Count() - index) {
             return false;
         }
         auto item = std::move(FItems[from]);
