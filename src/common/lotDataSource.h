@@ -24,7 +24,11 @@ public:
     TlotCustomDataSource() = default;
     TlotCustomDataSource(const TlotCustomDataSource&) = delete;
     TlotCustomDataSource& operator=(const TlotCustomDataSource&) = delete;
-    virtual ~TlotCustomDataSource() = default;
+    virtual ~TlotCustomDataSource() {
+        if (OnGone) {
+            OnGone();
+        }
+    }
 
     /// Adds a record at the end and returns its index.
     virtual int AppendRecord() = 0;
@@ -70,6 +74,7 @@ public:
 
     std::function<void()> OnChange;      ///< The model has been written to.
     std::function<void()> OnDataChanged; ///< For the grid.
+    std::function<void()> OnGone;        ///< For the grid, too: it asks no more. Must not throw.
 
     // The value of a cell; what is empty or of another kind is the type's zero.
     [[nodiscard]] static bool AsBoolean(const TlotValue& value) {

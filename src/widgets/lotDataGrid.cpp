@@ -346,15 +346,16 @@ void TDataGrid::contextMenuEvent(QContextMenuEvent* event) {
     }
     Guard().Run([this, event] {
         Post();
+        const auto showMenu = OnContextMenu; // Held while it runs: it may go with the grid.
         if (event->reason() == QContextMenuEvent::Keyboard) {
-            OnContextMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+            showMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
             return;
         }
         const QModelIndex index = indexAt(viewport()->mapFromGlobal(event->globalPos()));
         if (index.isValid() && !selectionModel()->isSelected(index)) {
             FocusCell(index);
         }
-        OnContextMenu(event->globalPos());
+        showMenu(event->globalPos());
     });
 }
 

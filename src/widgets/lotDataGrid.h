@@ -27,7 +27,7 @@ class TDataGrid : public QTableView {
     Q_OBJECT
 
 public:
-    /// The source outlives the grid; see TGridLink and TGridBridge.
+    /// See TGridLink and TGridBridge.
     TDataGrid(TlotCustomDataSource& source, std::vector<TGridColumn> columns, const TNumberLocale& locale,
               const QString& newRowText = {}, QWidget* parent = nullptr);
     /// One of several grids over one source: `master` as TlotCustomDataSource::MasterRecord. The link outlives the
@@ -37,6 +37,8 @@ public:
     TDataGrid(const TDataGrid&) = delete;
     TDataGrid& operator=(const TDataGrid&) = delete;
     ~TDataGrid() override;
+
+    // Each of these hooks may delete the grid.
 
     /// Ctrl+Up (-1) and Ctrl+Down (1) on a record; true if it was moved. The focus follows it.
     std::function<bool(int record, int step)> OnMove;

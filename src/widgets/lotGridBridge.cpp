@@ -34,12 +34,14 @@ TGridBridge::TGridBridge(TGridLink& link, std::vector<TGridColumn> columns, cons
 }
 
 void TGridBridge::TurnToMaster() const {
-    FLink.Source().MasterRecord = FMaster;
+    if (FLink.Source() != nullptr) {
+        FLink.Source()->MasterRecord = FMaster;
+    }
 }
 
 TlotCustomDataSource& TGridBridge::Source() const {
     TurnToMaster();
-    return FLink.Source();
+    return *FLink.Source();
 }
 
 int TGridBridge::CountRecords() const {
@@ -301,12 +303,12 @@ bool TGridBridge::PutInNewRow(int column, const TlotValue& value, const TlotValu
         return false;
     }
     AppendRow();
-    const int changes = FLink.Source().Changes();
+    const int changes = Source().Changes();
     try {
         Source().SetValue(FCount - 1, column, taken);
     } catch (...) {
         // What wasn't taken leaves no bare record behind.
-        if (FLink.Source().Changes() == changes) {
+        if (Source().Changes() == changes) {
             TakeBack();
         }
         throw;

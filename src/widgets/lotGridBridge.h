@@ -78,13 +78,13 @@ signals:
     void Appended(int record);
 
 private:
-    /// What `work` gets from the source, or `fallback` where it throws.
-    template <typename TResult, typename TWork> TResult Ask(const TWork& work, TResult fallback) const {
-        Guard().Read([&] { fallback = work(Source()); });
-        return fallback;
+    /// TGridLink::Ask with the source turned to this bridge's master.
+    template <typename TResult, typename TWork> TResult Ask(const TWork& work, TResult otherwise) const {
+        TurnToMaster();
+        return FLink.Ask(work, std::move(otherwise));
     }
     void TurnToMaster() const;
-    /// Turned to this bridge's master.
+    /// Turned to this bridge's master. Within a Write, where there is one.
     [[nodiscard]] TlotCustomDataSource& Source() const;
     [[nodiscard]] QString Shown(int record, int column) const;
     [[nodiscard]] QVariant NewRowData(int column, int role) const;

@@ -75,13 +75,17 @@ bool TDataGrid::RecordKeyPress(const QKeyEvent& event) {
     if (record < 0) {
         return true;
     }
+    // Held while they run: they may go with the grid.
     if (!moves) {
-        OnDelete(record);
+        const auto toDelete = OnDelete;
+        toDelete(record);
         return true;
     }
+    const auto toMove = OnMove;
+    const QPointer<TDataGrid> self(this);
     const int step = event.key() == Qt::Key_Up ? -1 : 1;
     // The key is used up also where there is nowhere to go.
-    if (OnMove(record, step)) {
+    if (toMove(record, step) && !self.isNull()) {
         FocusRecord(record + step, column);
     }
     return true;
@@ -164,7 +168,8 @@ bool TDataGrid::StepDown(int rows) {
         FocusCell(to);
         return true;
     }
-    return OnEdge && OnEdge(rows < 0 ? TGridStep::Up : TGridStep::Down, currentIndex().column());
+    const auto leave = OnEdge; // Held while it runs: it may go with the grid.
+    return leave && leave(rows < 0 ? TGridStep::Up : TGridStep::Down, currentIndex().column());
 }
 
 bool TDataGrid::StepRight(int step) {

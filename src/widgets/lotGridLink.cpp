@@ -5,15 +5,35 @@
 #include <utility>
 
 TGridLink::TGridLink(TlotCustomDataSource& source, THookGuard& guard, QObject* parent)
-    : QObject(parent), FSource(source), FGuard(guard) {
-    FSource.OnDataChanged = [this] { Reload(); };
+    : QObject(parent), FSource(&source), FGuard(guard) {
+    source.OnDataChanged = [this] { Reload(); };
+    source.OnGone = [this] { SourceGone(); };
 }
 
 TGridLink::~TGridLink() {
-    FSource.OnDataChanged = {};
+    if (FSource != nullptr) {
+        FSource->OnDataChanged = {};
+        FSource->OnGone = {};
+    }
+}
+
+void TGridLink::SourceGone() {
+    FSource = nullptr;
+    FGuard.RunLater([this] { emit ListChanged(); });
+}
+
+void TGridLink::Settle() {
+    FGuard.Run([this] {
+        if (FSource != nullptr) {
+            FSource->Settle();
+        }
+    });
 }
 
 void TGridLink::Write(const std::function<void()>& work) {
+    if (FSource == nullptr) {
+        return;
+    }
     if (FWriting) {
         FGuard.Run(work);
         return;
@@ -21,10 +41,10 @@ void TGridLink::Write(const std::function<void()>& work) {
     FGuard.Renew();
     FGuard.Run([&] {
         FWriting = true;
-        FSource.BeginBatch();
+        FSource->BeginBatch();
         FGuard.Run(work);
-        FGuard.Run([this] { FSource.EndBatch(); });
-        FGuard.Run([this] { FSource.Settle(); });
+        FGuard.Run([this] { FSource->EndBatch(); });
+        Settle();
         FWriting = false;
         if (std::exchange(FReloadDue, false)) {
             emit ListChanged();
@@ -37,7 +57,7 @@ void TGridLink::Write(const std::function<void()>& work) {
 int TGridLink::Append() {
     FAppending = true;
     const auto done = qScopeGuard([this] { FAppending = false; });
-    return FSource.AppendRecord();
+    return FSource->AppendRecord();
 }
 
 void TGridLink::Reload() {
@@ -50,7 +70,7 @@ void TGridLink::Reload() {
     }
     FGuard.Renew();
     FGuard.Run([this] {
-        FGuard.Run([this] { FSource.Settle(); });
+        Settle();
         emit ListChanged();
     });
 }
@@ -61,7 +81,7 @@ void TGridLink::Refresh() {
     }
     FGuard.Renew();
     FGuard.Run([this] {
-        FGuard.Run([this] { FSource.Settle(); });
+        Settle();
         emit ValuesChanged();
     });
 }

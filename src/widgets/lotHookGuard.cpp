@@ -3,35 +3,50 @@
 
 #include "app/lotFailures.h"
 
+#include <QCoreApplication>
+#include <QPointer>
 #include <utility>
 
-bool THookGuard::RunStep(const std::function<void()>& work) {
+namespace {
+
+void TellNow(const std::exception_ptr& failure) {
+    Guarded([&failure] { std::rethrow_exception(failure); });
+}
+
+} // namespace
+
+bool THookGuard::RunStep(const std::function<void()>& work, TTell when) {
+    const QPointer<THookGuard> self(this);
     ++FDepth;
-    bool done = true;
+    std::exception_ptr failure;
     try {
         work();
     } catch (...) {
-        Note(std::current_exception());
-        done = false;
+        failure = std::current_exception();
     }
-    --FDepth;
-    return done;
+    if (self.isNull()) {
+        // Nobody is left to tell it in its turn.
+        if (failure) {
+            QMetaObject::invokeMethod(
+                qApp, [failure] { TellNow(failure); }, Qt::QueuedConnection);
+        }
+        return !failure;
+    }
+    if (failure) {
+        Note(failure);
+    }
+    if (--FDepth == 0) {
+        when == TTell::Now ? Tell() : TellLater();
+    }
+    return !failure;
 }
 
 bool THookGuard::Run(const std::function<void()>& work) {
-    const bool done = RunStep(work);
-    if (FDepth == 0) {
-        Tell();
-    }
-    return done;
+    return RunStep(work, TTell::Now);
 }
 
 bool THookGuard::RunLater(const std::function<void()>& work) {
-    const bool done = RunStep(work);
-    if (FDepth == 0) {
-        TellLater();
-    }
-    return done;
+    return RunStep(work, TTell::Later);
 }
 
 void THookGuard::Note(std::exception_ptr failure) {
@@ -70,6 +85,6 @@ void THookGuard::Tell() {
     if (const std::exception_ptr failure = std::exchange(FFailure, nullptr)) {
         FReadTold = true;
         // The box runs the message loop, in which this may go.
-        Guarded([&failure] { std::rethrow_exception(failure); });
+        TellNow(failure);
     }
 }

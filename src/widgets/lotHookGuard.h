@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
 // Where a widget calls what its owner has hung on it: data sources and hooks, which may throw. The user is told once
-// for each thing done, after all that has to follow it has happened; no exception passes through the toolkit.
+// for each thing done, after all that has to follow it has happened; no exception passes through the toolkit. What is
+// run may delete the widget, and the guard with it.
 #pragma once
 
 #include <QObject>
@@ -34,7 +35,9 @@ public:
     void Renew() noexcept { FReadTold = false; }
 
 private:
-    bool RunStep(const std::function<void()>& work);
+    enum class TTell : bool { Now, Later };
+
+    bool RunStep(const std::function<void()>& work, TTell when);
     void Note(std::exception_ptr failure);
     void NoteRead(std::exception_ptr failure);
     void TellLater();

@@ -21,7 +21,6 @@ TMasterDetailGrid::TMasterDetailGrid(TlotCustomDataSource& master, TlotCustomDat
                                      std::vector<TGridColumn> columns, const TNumberLocale& locale,
                                      const QString& newRowText, QWidget* parent)
     : QScrollArea(parent),
-      FMaster(master),
       FColumns(std::move(columns)),
       FLocale(locale),
       FNewRowText(newRowText),
@@ -81,22 +80,18 @@ void TMasterDetailGrid::SetUpHeader() {
 }
 
 int TMasterDetailGrid::MasterRecords() const {
-    int count = 0;
-    FMasterLink.Guard().Read([&] { count = FMaster.GetRecordCount(); });
-    return count;
+    return FMasterLink.Ask([](TlotCustomDataSource& source) { return source.GetRecordCount(); }, 0);
 }
 
 const void* TMasterDetailGrid::MasterKey(int master) const {
-    const void* key = nullptr;
-    FMasterLink.Guard().Read([&] { key = FMaster.RecordKey(master); });
-    return key;
+    return FMasterLink.Ask([master](TlotCustomDataSource& source) { return source.RecordKey(master); },
+                           static_cast<const void*>(nullptr));
 }
 
 QString TMasterDetailGrid::MasterLabel(int master) const {
-    QString label;
-    FMasterLink.Guard().Read(
-        [&] { label = QString::fromStdString(TlotCustomDataSource::AsString(FMaster.GetValue(master, 0))); });
-    return label;
+    const TlotValue label =
+        FMasterLink.Ask([master](TlotCustomDataSource& source) { return source.GetValue(master, 0); }, TlotValue());
+    return QString::fromStdString(TlotCustomDataSource::AsString(label));
 }
 
 void TMasterDetailGrid::CheckMasters() {

@@ -27,7 +27,7 @@ class TMasterDetailGrid : public QScrollArea {
     Q_OBJECT
 
 public:
-    /// Takes over OnDataChanged of both sources, which outlive the grid. The master's column 0 is its label.
+    /// See TGridLink of both sources. The master's column 0 is its label.
     TMasterDetailGrid(TlotCustomDataSource& master, TlotCustomDataSource& detail, std::vector<TGridColumn> columns,
                       const TNumberLocale& locale, const QString& newRowText, QWidget* parent = nullptr);
     TMasterDetailGrid(const TMasterDetailGrid&) = delete;
@@ -102,7 +102,6 @@ private:
     void FollowHeader(TDataGrid& grid) const;
     void PlaceHeader();
 
-    TlotCustomDataSource& FMaster;
     std::vector<TGridColumn> FColumns;
     TNumberLocale FLocale;
     QString FNewRowText;

@@ -5,6 +5,7 @@
 #include "widgets/lotMasterDetailGrid.h"
 
 #include <QContextMenuEvent>
+#include <optional>
 
 namespace {
 
@@ -163,6 +164,82 @@ TEST(GridHooks, ManyDetailsTellOneFailureOnce) {
         costs.DataChanged();
         EXPECT_EQ(grid.Detail(0).model()->rowCount(), 3) << failing;
     }
+}
+
+TEST(GridHooks, AHookMayDeleteItsGrid) {
+    TToldMessages told;
+    const auto press = [](int key, Qt::KeyboardModifiers modifiers) {
+        return [key, modifiers](TDataGrid& grid) {
+            QKeyEvent event(QEvent::KeyPress, key, modifiers);
+            QApplication::sendEvent(&grid, &event);
+        };
+    };
+    const auto menu = [](TDataGrid& grid) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(&grid, &event);
+    };
+    for (const auto& act : {std::function<void(TDataGrid&)>(press(Qt::Key_Down, Qt::ControlModifier)),
+                            {press(Qt::Key_Delete, Qt::ControlModifier)},
+                            {press(Qt::Key_Up, {})},
+                            {menu}}) {
+        for (const bool fails : {false, true}) {
+            TCosts costs;
+            auto* const grid = new TDataGrid(costs, CostColumns(costs), PointLocale);
+            const QPointer<TDataGrid> life = grid;
+            // What a hook holds is its own until it ends.
+            const auto away = [grid, fails, said = std::string("gone")] {
+                delete grid;
+                return fails ? throw std::runtime_error(said) : said == "gone";
+            };
+            grid->OnMove = [=](int, int) { return away(); };
+            grid->OnDelete = [=](int) { away(); };
+            grid->OnEdge = [=](TGridStep, int) { return away(); };
+            grid->OnContextMenu = [=](const QPoint&) { away(); };
+            grid->show();
+            grid->FocusRecord(0, 0);
+            act(*grid);
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(life.isNull());
+            EXPECT_EQ(told.Take(), fails ? "gone|" : "");
+        }
+    }
+}
+
+TEST(GridHooks, AGridOutlivesItsSource) {
+    TToldMessages told;
+    std::optional<TCosts> costs;
+    costs.emplace();
+    costs->Detail = true;
+    std::optional<TSections> sections;
+    sections.emplace(*costs);
+    TDataGrid grid(*costs, CostColumns(*costs), PointLocale, "New");
+    grid.resize(600, 300);
+    grid.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&grid));
+    OpenEditor(grid, 0, 0)->setText("Lawyer");
+    sections.reset();
+    costs.reset();
+    EXPECT_FALSE(grid.IsEditing()) << "what was typed has nowhere to go";
+    EXPECT_EQ(grid.Bridge().RecordCount(), 0);
+    grid.Refresh();
+    QTest::keyClicks(&grid, "x");
+    grid.Paste();
+    grid.grab();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told.Take(), "");
+
+    costs.emplace();
+    costs->Detail = true;
+    sections.emplace(*costs);
+    TMasterDetailGrid master(*sections, *costs, CostColumns(*costs), PointLocale, "New");
+    master.show();
+    sections.reset();
+    EXPECT_EQ(master.MasterCount(), 0);
+    costs->DataChanged();
+    costs.reset();
+    master.grab();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told.Take(), "");
 }
 
 } // namespace
