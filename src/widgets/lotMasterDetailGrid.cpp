@@ -235,7 +235,7 @@ void TMasterDetailGrid::HangHooks(TSection& section) {
 void TMasterDetailGrid::PlaceSection(TSection& section, int master, const void* key) {
     section.Key = key;
     const QString label = MasterLabel(master);
-    section.Label->setText(label);
+    section.Label->setText(QString(label).replace('&', "&&")); // A name, not the caption of a command.
     section.Label->setObjectName(QString("btnMaster%1").arg(master));
     section.Grid->setObjectName(QString("grdDetail%1").arg(master));
     section.Grid->setAccessibleName(label);

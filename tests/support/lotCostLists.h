@@ -134,13 +134,15 @@ class TSections final : public TlotCustomDataSource {
 public:
     explicit TSections(TCosts& costs) : FCosts(costs) {}
 
+    std::string Caption = "Section "; ///< Before the number.
+
     int AppendRecord() override { return 0; }
     void DeleteRecord(int record) override {
         FCosts.Sections.erase(FCosts.Sections.begin() + record);
         DataChanged();
     }
     int GetRecordCount() override { return static_cast<int>(FCosts.Sections.size()); }
-    TlotValue GetValue(int record, int /*column*/) override { return "Section " + std::to_string(record); }
+    TlotValue GetValue(int record, int /*column*/) override { return Caption + std::to_string(record); }
     void InsertRecord(int record) override {
         FCosts.Sections.insert(FCosts.Sections.begin() + record, std::make_unique<TCostList>());
         DataChanged();

@@ -104,6 +104,13 @@ TEST_F(MasterDetailGrid, ArrowsAndEnterGoOnInTheNextDetail) {
     EXPECT_EQ(After(Qt::Key_Up), "0,-1");
 }
 
+TEST_F(MasterDetailGrid, LabelsShowNamesLetterForLetter) {
+    FSections.Caption = "Fees & \"Co.\" ";
+    FSections.DataChanged();
+    EXPECT_EQ(Label(0)->text(), "Fees && \"Co.\" 0") << "one alone would underline the letter behind it";
+    EXPECT_EQ(FGrid.Detail(0).accessibleName(), "Fees & \"Co.\" 0");
+}
+
 TEST_F(MasterDetailGrid, LabelsFoldByKeysAndTakeTheFocusInTurn) {
     FGrid.FocusRecord(0, 0, 0);
     After(Qt::Key_Backtab, Qt::ShiftModifier);
