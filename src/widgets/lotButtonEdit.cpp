@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotButtonEdit.h"
 
+#include "widgets/lotHook.h"
+
 #include <QAction>
 #include <QEvent>
 #include <QIcon>
@@ -41,9 +43,7 @@ TButtonEdit::TButtonEdit(const QString& hint, QWidget* parent) : QLineEdit(paren
 }
 
 void TButtonEdit::Press() const {
-    if (OnPress) {
-        OnPress();
-    }
+    RunHook(OnPress);
 }
 
 bool TButtonEdit::event(QEvent* event) {

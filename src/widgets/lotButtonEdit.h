@@ -14,6 +14,7 @@ public:
     /// `hint`: what the button opens.
     explicit TButtonEdit(const QString& hint, QWidget* parent = nullptr);
 
+    /// Guarded. It may take long, and the editor be gone at its end.
     std::function<void()> OnPress;
 
     void Press() const;

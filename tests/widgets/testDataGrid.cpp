@@ -341,6 +341,19 @@ TEST(DataGrid, AButtonsEditorMayOpenADialog) {
     EXPECT_EQ(script.Costs.Cost(0).Name, "Legal");
     QTest::keyClick(editor, Qt::Key_Return);
     EXPECT_EQ(script.Costs.Cost(0).Name, "Legal+SITEVALUE");
+    // The list may change behind that dialog, whose loop is long enough for the editor to go.
+    script.Grid.Bridge().ChangeColumn(0, [&](TGridColumn& column) {
+        column.OnButton = [&](const QString& text) {
+            script.Costs.DataChanged();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            return text + "+PROFIT";
+        };
+    });
+    const QPointer<QLineEdit> dropped = OpenEditor(script.Grid, 0, 0);
+    dropped->actions().first()->trigger();
+    EXPECT_TRUE(dropped.isNull());
+    EXPECT_FALSE(script.Grid.IsEditing());
+    EXPECT_EQ(script.Costs.Cost(0).Name, "Legal+SITEVALUE");
 }
 
 TEST(DataGrid, CellsShowWhatDoesNotApplyAndRefuseIt) {
