@@ -7,10 +7,6 @@
 
 namespace {
 
-bool HasDigits(const QString& text) {
-    return std::ranges::any_of(text, [](QChar c) { return c >= '0' && c <= '9'; });
-}
-
 std::optional<TlotValue> ParseFigure(const QString& text, const TNumberLocale& locale) {
     if (text.trimmed().isEmpty()) {
         return std::monostate();
@@ -36,6 +32,10 @@ std::optional<TlotValue> ParseCheck(const QString& text, const TNumberLocale& lo
 }
 
 } // namespace
+
+bool HasDigits(const QString& text) {
+    return std::ranges::any_of(text, [](QChar c) { return c >= '0' && c <= '9'; });
+}
 
 int FindChoice(const QStringList& choices, const QString& text) {
     const qsizetype exact = choices.indexOf(text);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What a text that is typed or pasted means to a cell.
+// What a text that is typed or pasted means to a cell or field.
 #pragma once
 
 #include "common/lotDataSource.h"
@@ -10,6 +10,9 @@
 #include <QString>
 #include <QStringList>
 #include <optional>
+
+/// Whether a text says a number at all: by the digits that figures are written in, of no other script.
+[[nodiscard]] bool HasDigits(const QString& text);
 
 /// The value; "" for a figure is nothing. Nothing at all where the cell refuses the text: a figure without digits, a
 /// check box other than TRUE, FALSE or a number.

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/lotNumberEdit.h"
 
+#include "widgets/lotGridValues.h"
 #include "widgets/lotHook.h"
 
 #include <QKeyEvent>
-#include <algorithm>
 #include <utility>
 
 TNumberEdit::TNumberEdit(std::string mask, const TNumberLocale& locale, QWidget* parent)
@@ -57,7 +57,7 @@ bool TNumberEdit::Post() {
     }
     if (typed.trimmed().isEmpty()) {
         FValue = 0;
-    } else if (std::ranges::any_of(typed, [](QChar c) { return c.isDigit(); })) {
+    } else if (HasDigits(typed)) {
         FValue = vip::StrToNumber(typed.toStdString(), FLocale);
     }
     ShowText();

@@ -2,6 +2,7 @@
 #include "widgets/lotSpinEdit.h"
 
 #include "widgets/lotFieldAccessible.h"
+#include "widgets/lotGridValues.h"
 #include "widgets/lotHook.h"
 
 #include <QKeyEvent>
@@ -46,8 +47,8 @@ double TSpinEdit::Clamped(double value) const {
 
 double TSpinEdit::Typed() const {
     const QString typed = text();
-    const bool digits = std::ranges::any_of(typed, [](QChar c) { return c.isDigit(); });
-    return typed != FBefore && digits ? Clamped(std::round(vip::StrToNumber(typed.toStdString(), FLocale))) : FValue;
+    return typed != FBefore && HasDigits(typed) ? Clamped(std::round(vip::StrToNumber(typed.toStdString(), FLocale)))
+                                                : FValue;
 }
 
 bool TSpinEdit::Post() {

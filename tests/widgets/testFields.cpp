@@ -175,6 +175,21 @@ TEST(NumberEdit, AReadOnlyFieldKeepsItsFormAndItsNumber) {
     EXPECT_EQ(field.palette().color(QPalette::Base), ground);
 }
 
+TEST(Fields, ATextThatReadsAsNoNumberChangesNone) {
+    TNumberEdit number(",0", PointLocale);
+    TSpinEdit spin(1, 120, nullptr, PointLocale);
+    number.SetValue(12);
+    spin.SetValue(12);
+    for (const char* const typed : {"twelve", "\u0662\u0664", "\uFF12"}) { // Other scripts' digits are none here.
+        number.setText(typed);
+        spin.findChild<QLineEdit*>()->setText(typed);
+        EXPECT_TRUE(number.Post());
+        EXPECT_TRUE(spin.Post());
+        EXPECT_EQ(number.Value(), 12) << typed;
+        EXPECT_EQ(spin.Value(), 12) << typed;
+    }
+}
+
 TEST(Fields, AHookThatThrowsIsToldOnceAndTheFieldGoesOn) {
     TToldMessages told;
     TWindow<TNumberEdit> numbers(new TNumberEdit(",0", PointLocale));
