@@ -169,9 +169,12 @@ void TCardList::PaintCard(QPainter& painter, const QRect& place, const TCard& ca
         }
         const QRect row(text.left(), y, text.width(), LineHeight());
         painter.setPen(palette().color(QPalette::PlaceholderText));
-        painter.drawText(row, Qt::AlignVCenter | Qt::AlignLeft, label);
+        painter.drawText(row, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, label);
         painter.setPen(palette().color(QPalette::Text));
-        painter.drawText(row, Qt::AlignVCenter | Qt::AlignRight, value);
+        // The value has the room that its label leaves.
+        const int room = row.width() - fontMetrics().horizontalAdvance(label) - Padding;
+        painter.drawText(row, Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine,
+                         fontMetrics().elidedText(value, Qt::ElideRight, room));
         y += LineHeight();
     }
 }

@@ -63,6 +63,18 @@ TEST(CardList, StaysScrolledOverNewCards) {
     EXPECT_TRUE(list.viewport()->rect().contains(list.CardRect(0))) << "It was in view and stays so.";
 }
 
+TEST(CardList, ALongValueLeavesItsLabelAlone) {
+    const auto label = [](const QString& value) {
+        TCardList list;
+        list.resize(300, 150);
+        list.SetCards({{"Unit", Qt::lightGray, {{"Tenant", value}, {"Rent", "1,000"}}, 1}});
+        const QRect card = list.CardRect(0);
+        const int width = list.fontMetrics().horizontalAdvance("Tenant") + 10; // With the card's edge.
+        return list.viewport()->grab(QRect(card.topLeft(), QSize(width, card.height()))).toImage();
+    };
+    EXPECT_EQ(label("W"), label(QString(80, 'W')));
+}
+
 TEST(CardList, LettersFindCards) {
     TCardList list;
     list.resize(300, 150);
