@@ -2,6 +2,7 @@
 #include "widgets/lotClickLabel.h"
 
 #include "widgets/lotFieldAccessible.h"
+#include "widgets/lotToolTipText.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -62,5 +63,5 @@ void TClickLabel::paintEvent(QPaintEvent* event) {
         painter.setPen(palette().color(foregroundRole()));
         painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
     }
-    setToolTip(shown == text() ? QString() : text());
+    setToolTip(shown == text() ? QString() : ToolTipText(text()));
 }

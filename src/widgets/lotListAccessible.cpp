@@ -55,11 +55,12 @@ QString PageText(const report::TPreparedPage& page) {
         QStringList line;
         for (const report::TPreparedItem& item : band->Items) {
             if (const auto* const words = item.As<report::TPreparedText>()) {
-                line << (words->Elided ? words->Whole : QStringList(words->Lines.begin(), words->Lines.end()).join(' '));
+                line << (words->Elided ? words->Whole
+                                       : QStringList(words->Lines.begin(), words->Lines.end()).join(' '));
             }
             if (const auto* const chart = item.As<report::TPreparedChart>()) {
                 for (const report::TChartSlice& slice : chart->Slices) {
-                    line << QString("%1 %2%").arg(slice.Name).arg(100 * slice.Value / chart->Total, 0, 'f', 1);
+                    line << slice.Name + QString(" %1%").arg(100 * slice.Value / chart->Total, 0, 'f', 1);
                 }
             }
         }

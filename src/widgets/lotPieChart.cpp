@@ -2,6 +2,7 @@
 #include "widgets/lotPieChart.h"
 
 #include "widgets/lotChartAccessible.h"
+#include "widgets/lotToolTipText.h"
 
 #include <QChart>
 #include <QChartView>
@@ -90,7 +91,7 @@ void TPieChart::SetSlices(std::span<const TChartValue> values) {
         connect(slice, &QPieSlice::hovered, this, [this, slice, tip](bool over) {
             slice->setExploded(over);
             slice->setExplodeDistanceFactor(0.04);
-            over ? QToolTip::showText(QCursor::pos(), tip, this) : QToolTip::hideText();
+            over ? QToolTip::showText(QCursor::pos(), ToolTipText(tip), this) : QToolTip::hideText();
         });
     }
     DescribeChart(*this, figures);

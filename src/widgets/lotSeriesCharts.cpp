@@ -3,6 +3,7 @@
 
 #include "widgets/lotChartAccessible.h"
 #include "widgets/lotHook.h"
+#include "widgets/lotToolTipText.h"
 
 #include <QBarCategoryAxis>
 #include <QBarSeries>
@@ -94,7 +95,7 @@ void TSeriesChart::Show(const std::vector<QAbstractSeries*>& series, std::span<c
 
 void TSeriesChart::ShowTip(bool over, const QString& name, double value) {
     if (over) {
-        QToolTip::showText(QCursor::pos(), QString("%1: %2").arg(name, AskHook(Format, QString(), value)), this);
+        QToolTip::showText(QCursor::pos(), ToolTipText(name + ": " + AskHook(Format, QString(), value)), this);
     } else {
         QToolTip::hideText();
     }

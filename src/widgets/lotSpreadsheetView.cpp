@@ -4,6 +4,7 @@
 #include "widgets/lotAccessibleParts.h"
 #include "widgets/lotHook.h"
 #include "widgets/lotSheetAccessible.h"
+#include "widgets/lotToolTipText.h"
 
 #include <QHelpEvent>
 #include <QPainter>
@@ -325,7 +326,7 @@ bool TSpreadsheetView::viewportEvent(QEvent* event) {
     const TSheetPainter cells(FPage, *FFonts, FLocale, logicalDpiX() / 96.0);
     if (place.Row >= 0 && cells.IsFilled(place.Row, place.Column) &&
         cells.IsCut(place.Row, place.Column, FGeometry->Width(place.Column))) {
-        QToolTip::showText(help->globalPos(), CellText(place.Row, place.Column).toHtmlEscaped(), viewport(),
+        QToolTip::showText(help->globalPos(), ToolTipText(CellText(place.Row, place.Column)), viewport(),
                            CellRect(place.Row, place.Column));
     } else {
         QToolTip::hideText();

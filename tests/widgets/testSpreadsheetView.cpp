@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDialog>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QPdfWriter>
 #include <QPointer>
@@ -21,6 +22,8 @@
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTest>
+#include <QTextDocument>
+#include <QToolTip>
 #include <set>
 #include <stdexcept>
 
@@ -126,6 +129,18 @@ TEST_F(SpreadsheetView, FrozenPartsStayWhileTheRestScrolls) {
     EXPECT_EQ(Place(), "40,0:40,0");
     const QPoint beside = FView.CellRect(40, 70).center();
     EXPECT_EQ(FView.CellAt(beside).Column, 70);
+}
+
+TEST_F(SpreadsheetView, ATextThatIsCutIsToldLetterForLetter) {
+    for (const std::string text : {"Fees & charges of the first phase", "Road <b>A</b> & all that lies behind it"}) {
+        FPage.SetText(2, 0, text, 0);
+        const QPoint place = FView.CellRect(2, 0).center();
+        QHelpEvent event(QEvent::ToolTip, place, FView.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(FView.viewport(), &event);
+        QTextDocument shown;
+        Qt::mightBeRichText(QToolTip::text()) ? shown.setHtml(QToolTip::text()) : shown.setPlainText(QToolTip::text());
+        EXPECT_EQ(shown.toPlainText().toStdString(), text);
+    }
 }
 
 TEST_F(SpreadsheetView, DrawsOnlyWhatIsVisible) {

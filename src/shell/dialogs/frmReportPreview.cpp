@@ -7,6 +7,7 @@
 #include "widgets/lotPreviewBar.h"
 #include "widgets/lotReportPages.h"
 #include "widgets/lotReportThumbnails.h"
+#include "widgets/lotToolTipText.h"
 
 #include <QAction>
 #include <QDesktopServices>
@@ -110,7 +111,7 @@ void TReportPreviewForm::FillOutline() {
     for (const report::TOutlineEntry& entry : FContext.Pages.Outline) {
         auto* const item = new QTreeWidgetItem(QStringList(entry.Text));
         item->setData(0, LevelRole, index++);
-        item->setToolTip(0, QString("%1, page %2").arg(entry.Text).arg(entry.Page + 1));
+        item->setToolTip(0, ToolTipText(entry.Text + QString(", page %1").arg(entry.Page + 1)));
         const auto level = std::min(static_cast<std::size_t>(entry.Level), open.size());
         if (level == 0) {
             FOutline->addTopLevelItem(item);
@@ -137,6 +138,7 @@ void TReportPreviewForm::BuildFindBar() {
     edtFind = new QLineEdit(FFindBar);
     edtFind->setObjectName("edtFind");
     edtFind->setPlaceholderText("Find in the report");
+    edtFind->setAccessibleName("Find");
     edtFind->setClearButtonEnabled(true);
     edtFind->setMaximumWidth(320);
     lblFound = new QLabel(FFindBar);
