@@ -38,7 +38,8 @@ TStatusPanel::TStatusPanel(const TProjectData& projectData, const TNumberLocale&
     lblName = new TClickLabel(this);
     lblNetSiteArea = new TClickLabel(this);
     lblSiteValue = new TClickLabel(this);
-    AddRow(*grid, 0, 0, "Name:", lblName, "lblName");
+    // Figures stand under each other to their last digit; the name, which may be long, has the room beside them too.
+    AddRow(*grid, 0, 0, "Name:", lblName, "lblName", 2);
     AddRow(*grid, 1, 0, "Net Site Area:", lblNetSiteArea, "lblNetSiteArea");
     AddRow(*grid, 2, 0, Caption(TlotMeasure::SiteValue), lblSiteValue, "lblSiteValue");
     lblSiteValuePerArea = new QLabel(this);
@@ -58,8 +59,6 @@ TStatusPanel::TStatusPanel(const TProjectData& projectData, const TNumberLocale&
     lblSiteOnGDV = ratio(3, TlotMeasure::SiteValueOnGDV, "lblSiteOnGDV");
     lblRentalYield = ratio(4, TlotMeasure::RentalYield, "lblRentalYield");
     lblIRR = ratio(5, TlotMeasure::IRR, "lblIRR");
-    // Figures stand under each other to their last digit; the name, which may be long, has the room beside them too.
-    grid->addWidget(lblName, 0, 1, 1, 2);
     lblName->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     lblName->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     QFont bold = lblName->font();
@@ -85,7 +84,7 @@ TStatusPanel::TStatusPanel(const TProjectData& projectData, const TNumberLocale&
 }
 
 QLabel* TStatusPanel::AddRow(QGridLayout& grid, int row, int column, const QString& caption, QLabel* value,
-                             const char* name) {
+                             const char* name, int columns) {
     auto* const label = new QLabel(caption, this);
     look::SetTextColour(*label, look::Subdued());
     value->setObjectName(name);
@@ -95,7 +94,7 @@ QLabel* TStatusPanel::AddRow(QGridLayout& grid, int row, int column, const QStri
     value->setTextFormat(Qt::PlainText);
     value->setAccessibleName(QString(caption).remove(':'));
     grid.addWidget(label, row, column);
-    grid.addWidget(value, row, column + 1);
+    grid.addWidget(value, row, column + 1, 1, columns);
     return label;
 }
 

@@ -34,7 +34,9 @@ signals:
     void AnchorClicked(const QString& anchor);
 
 private:
-    QLabel* AddRow(QGridLayout& grid, int row, int column, const QString& caption, QLabel* value, const char* name);
+    /// `columns`: that the value reaches over.
+    QLabel* AddRow(QGridLayout& grid, int row, int column, const QString& caption, QLabel* value, const char* name,
+                   int columns = 1);
     void ShowName(const TlotProject& project);
     void ShowMissing(std::string_view message);
     void ShowNoSiteValue();

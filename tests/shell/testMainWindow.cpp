@@ -119,6 +119,17 @@ TEST_F(MainWindow, StatusPanelShowsTheMeasuresUnderTheirNames) {
     }
 }
 
+TEST_F(MainWindow, ALongNameHasTheRoomBesideTheFigures) {
+    FScript.Project().Name = "Orchard Road & St. Mary's \"Old\" Yard, Phase II.b";
+    FForm->UpdateStatus();
+    FForm->resize(1280, 800);
+    const auto* const name = FForm->findChild<QLabel*>("lblName");
+    QCoreApplication::processEvents();
+    EXPECT_GT(name->width(), FForm->findChild<QLabel*>("lblSiteValue")->width() + 150);
+    FForm->grab();
+    EXPECT_EQ(name->toolTip(), "") << "nothing of it is cut";
+}
+
 TEST_F(MainWindow, FiguresClickedAndTypedGoIntoTheModelUnmarked) {
     Open(Copy("housing.lot", "a.lot"));
     EXPECT_NE(FScript.Project().ResidualTarget, TlotResidualTarget::NoTarget);
