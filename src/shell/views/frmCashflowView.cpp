@@ -32,6 +32,10 @@ TCashflowViewForm::TCashflowViewForm(const TlotDesktop& desktop)
     Body().addWidget(FSheet);
 }
 
+TCashflowViewForm::~TCashflowViewForm() {
+    delete FSheet; // Before its page, which the toolkit would not do.
+}
+
 void TCashflowViewForm::Refresh() {
     const TlotViewFont& font = FDesktop.App.UserSettings.CashflowView;
     BuildCashflowSheet(

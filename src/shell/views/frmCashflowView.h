@@ -15,6 +15,7 @@ class TCashflowViewForm : public TViewForm {
 
 public:
     explicit TCashflowViewForm(const TlotDesktop& desktop);
+    ~TCashflowViewForm() override;
 
     void Refresh() override;
 
