@@ -54,6 +54,7 @@ protected:
             QWidget* const box = QApplication::activePopupWidget();
             ASSERT_NE(box, nullptr);
             auto* const edit = box->findChild<QLineEdit*>();
+            EXPECT_EQ(edit->accessibleName(), FForm->findChild<QLabel*>(name)->accessibleName());
             edit->selectAll();
             QTest::keyClicks(edit, text);
             QTest::keyClick(edit, key);

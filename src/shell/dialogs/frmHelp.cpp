@@ -52,8 +52,10 @@ THelpForm::THelpForm(QWidget* parent)
     lstContents->setAccessibleName("Contents");
     edtFind->setObjectName("edtFind");
     edtFind->setPlaceholderText("Find in the guide");
+    edtFind->setAccessibleName("Find");
     edtFind->setClearButtonEnabled(true);
     txtGuide->setObjectName("txtGuide");
+    txtGuide->setAccessibleName("Guide");
     txtGuide->setMinimumWidth(TextWidth + look::Margin);
     txtGuide->setOpenExternalLinks(false);
     txtGuide->setOpenLinks(false);

@@ -27,8 +27,9 @@ TEditForm::TEditForm(const QWidget& label) : QDialog(label.window(), Qt::Popup |
          std::clamp(corner.y(), screen.top(), std::max(screen.top(), screen.bottom() - height)));
 }
 
-void TEditForm::SetField(QLineEdit& field) {
+void TEditForm::SetField(QLineEdit& field, const QWidget& label) {
     field.setObjectName("edtValue");
+    field.setAccessibleName(label.accessibleName());
     field.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     layout()->addWidget(&field);
     field.setFocus();
@@ -39,7 +40,7 @@ void TEditForm::SetField(QLineEdit& field) {
 TEditTextForm::TEditTextForm(const QWidget& label, const QString& text)
     : TEditForm(label), FEdit(new QLineEdit(text, this)) {
     setObjectName("EditTextForm");
-    SetField(*FEdit);
+    SetField(*FEdit, label);
 }
 
 QString TEditTextForm::Text() const {
@@ -50,7 +51,7 @@ TEditValueForm::TEditValueForm(const QWidget& label, double value, const std::st
     : TEditForm(label), FEdit(new TNumberEdit(mask, locale, this)) {
     setObjectName("EditValueForm");
     FEdit->SetValue(value);
-    SetField(*FEdit);
+    SetField(*FEdit, label);
 }
 
 double TEditValueForm::Value() const {

@@ -20,7 +20,8 @@ class TEditForm : public QDialog {
 protected:
     explicit TEditForm(const QWidget& label);
 
-    void SetField(QLineEdit& field);
+    /// Named as the label is.
+    void SetField(QLineEdit& field, const QWidget& label);
 };
 
 class TEditTextForm final : public TEditForm {
