@@ -15,6 +15,7 @@
 namespace {
 
 constexpr double ZoomStep = 0.25;
+constexpr double LargestZoom = 1e6; // That can be typed: beyond it places on a page overflow.
 constexpr int IconPixels = 20;
 
 } // namespace
@@ -127,7 +128,8 @@ void TPreviewBar::ZoomBoxEntered(const QString& text) {
     } else if (text.compare("Page Width", Qt::CaseInsensitive) == 0) {
         FPages.SetFit(TPageFit::Width);
     } else if (text.contains('%')) {
-        FPages.SetZoom(vip::StrToNumber(QString(text).remove('%').toStdString(), FLocale) / 100);
+        const double zoom = vip::StrToNumber(QString(text).remove('%').toStdString(), FLocale) / 100;
+        FPages.SetZoom(std::min(zoom, LargestZoom));
     }
     ShowZoom(); // Also where the entry was ignored.
 }

@@ -82,6 +82,9 @@ TEST_F(ReportPreview, ZoomFollowsItsRules) {
         EXPECT_EQ(ZoomText(), each.Shown) << each.Entry;
         Form->grab(); // Drawn at whatever zoom.
     }
+    EnterZoom(QString(300, '9') + "%");
+    EXPECT_DOUBLE_EQ(Pages().Zoom(), 1e6) << "far beyond any page, and still drawn";
+    Form->grab();
     EnterZoom("page width");
     EXPECT_EQ(ZoomText(), "Page Width");
     const double wide = Pages().Zoom();
