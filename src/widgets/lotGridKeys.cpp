@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QItemSelection>
 #include <QKeyEvent>
+#include <QPointer>
 #include <algorithm>
 
 namespace {

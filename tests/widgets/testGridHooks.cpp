@@ -5,7 +5,10 @@
 #include "widgets/lotMasterDetailGrid.h"
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPointer>
 #include <optional>
+#include <stdexcept>
 
 namespace {
 
