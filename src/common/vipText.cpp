@@ -3,6 +3,7 @@
 
 #include <unicode/uchar.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -119,7 +120,19 @@ bool SameText(std::string_view a, std::string_view b) noexcept {
         LowerAscii(static_cast<char32_t>(a.back())) != LowerAscii(static_cast<char32_t>(b.back()))) {
         return false;
     }
-    return CompareText(a, b) == 0;
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t i = 0;
+    for (; i < shorter; ++i) {
+        const auto left = static_cast<unsigned char>(a[i]);
+        const auto right = static_cast<unsigned char>(b[i]);
+        if ((left | right) >= 0x80) {
+            break;
+        }
+        if (left != right && LowerAscii(left) != LowerAscii(right)) {
+            return false;
+        }
+    }
+    return i == shorter ? a.size() == b.size() : CompareText(a.substr(i), b.substr(i)) == 0;
 }
 
 void AppendCodePoint(std::string& text, char32_t c) {
