@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 //
-// What the rows of the timescale stand for: the registry that ties a row of its sheet to the model. A lookup beyond what
-// was registered yields nothing. What was registered may be deleted at any time, by a screen that doesn't rebuild the
-// sheet, or by New and Open: such an entry yields nothing either.
+// What the rows of the timescale stand for: the registry that ties a row of its sheet to the model. A lookup beyond
+// what was registered yields nothing. What was registered may be deleted at any time, by a screen that doesn't rebuild
+// the sheet, or by New and Open: such an entry yields nothing either.
 #pragma once
 
 #include "common/lotLifetime.h"
