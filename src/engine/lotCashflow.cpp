@@ -102,13 +102,11 @@ void TlotCashflowItem::CopyValues(const TlotCashflowItem& other) {
 }
 
 void TlotCashflowItem::Assign(const TlotCashflowItem& other) {
+    static_cast<TlotLineTerms&>(*this) = other;
     Amount = other.Amount;
-    Start = other.Start;
-    Period = other.Period;
     ReadOnly = other.ReadOnly;
     Colour = other.Colour;
     Values = other.Values;
-    Portions = other.Portions;
 }
 
 void TlotCashflowItem::SetPortionsFrom(const TlotCashflowItem& line) {

@@ -36,27 +36,21 @@ void TlotSAERVRateCategory::Apply(int item, const vip::TSAStep& step) {
 }
 
 void TlotSAERVRateCategory::Save() {
-    FValues.clear();
+    FKept.clear();
     for (const auto& unit : Project().Units) {
-        std::vector<double>& values = FValues.emplace_back();
         for (const auto& area : unit->Areas) {
             area->RateObject().Save();
-            values.push_back(area->Value());
         }
+        FKept.push_back({{*unit, unit->Lifetime}, unit->Areas.Terms()});
     }
 }
 
 void TlotSAERVRateCategory::Restore() {
-    for (std::size_t u = 0; u < FValues.size(); ++u) {
-        TlotAreaSchedule& areas = Project().Units[static_cast<int>(u)].Areas;
-        // Locked: the rates that follow the Zone A rate would be computed from it while each is put back as it was.
-        areas.Lock();
-        for (std::size_t a = 0; a < FValues[u].size(); ++a) {
-            TlotArea& area = areas[static_cast<int>(a)];
-            area.RateObject().Restore();
-            area.SetValue(FValues[u][a]);
+    // By the units themselves: the passes of a table may have put them in another order.
+    for (const TKept& kept : FKept) {
+        if (TlotUnit* const unit = kept.Unit.Get()) {
+            unit->Areas.SetTerms(kept.Areas);
         }
-        areas.Unlock();
     }
 }
 

@@ -81,7 +81,11 @@ public:
     [[nodiscard]] std::string ItemValue(int item, const TNumberLocale& locale) const override;
 
 private:
-    std::vector<std::vector<double>> FValues; ///< Of each area of each unit.
+    struct TKept {
+        TlotWatch<TlotUnit> Unit;
+        TlotAreaScheduleTerms Areas;
+    };
+    std::vector<TKept> FKept;
 };
 
 /// The equity's debit rate, then each loan's, fixed and by month.

@@ -52,6 +52,22 @@ TEST(SensitivityModels, ACategoryOnBothAxesVariesAlongTheColumnsOnly) {
     }
 }
 
+TEST(SensitivityModels, AreasGoBackToTheirUnitsInWhateverOrderThoseStand) {
+    // Not calculated yet, so the table's own passes sort the two.
+    TlotProject project{0};
+    TlotUnit& second = AddUnit(project, "Commercial", 10, 100, 8);
+    second.Number = 2;
+    TlotUnit& first = AddUnit(project, "Commercial", 20, 7, 8);
+    first.Number = 1;
+    first.Areas.Add().SetValue(55);
+    TlotSAModelNew model(project, {});
+    static_cast<void>(Table(model, {&Category(model, "ERV Rate", 1)}));
+    EXPECT_EQ(&project.Units[0], &first);
+    EXPECT_EQ(second.Areas[0].Rate(), 100);
+    EXPECT_EQ(first.Areas[0].Value(), 140);
+    EXPECT_EQ(first.Areas[1].Value(), 55);
+}
+
 TEST(SensitivityModels, RatesAreShiftedAfterTheRentsThatTheyReplace) {
     // A rent of 10 x 100 at 8 %: a rate of 1 more or less moves the rent by 10 and the value by 125, whatever else the
     // rent was shifted to.
